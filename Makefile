@@ -1,0 +1,62 @@
+# KRT — top-level entry points. Everything below works as root on a fresh Debian machine.
+SHELL := /bin/bash
+.SHELLFLAGS := -eu -o pipefail -c
+
+BUILD      ?= build
+BUILD_ASAN ?= build-asan
+BUILD_FUZZ ?= build-fuzz
+JOBS       ?= $(shell nproc 2>/dev/null || echo 2)
+FUZZ_SECONDS ?= 60
+
+# Debian packages the build, the tests and the benchmarks need.
+PACKAGES := g++ cmake make pkg-config qt6-base-dev libgl-dev libgtest-dev libgmock-dev libbenchmark-dev
+FUZZ_PACKAGES := clang libclang-rt-dev
+BENCH_PACKAGES := zint time
+
+.PHONY: all deps build run test test-asan bench fuzz clean
+
+all: build
+
+# Installs only what is missing; a no-op when everything is there.
+deps:
+	@missing=""; for p in $(PACKAGES) $(EXTRA_PACKAGES); do \
+	  dpkg-query -W -f='$${Status}' $$p 2>/dev/null | grep -q "install ok installed" || missing="$$missing $$p"; \
+	done; \
+	if [ -n "$$missing" ]; then \
+	  echo "Installing:$$missing"; \
+	  SUDO=""; [ "$$(id -u)" -ne 0 ] && SUDO=sudo; \
+	  $$SUDO apt-get update -qq && DEBIAN_FRONTEND=noninteractive $$SUDO apt-get install -y -qq $$missing; \
+	fi
+
+build: deps
+	cmake -S . -B $(BUILD) -DCMAKE_BUILD_TYPE=Release
+	cmake --build $(BUILD) -j $(JOBS)
+
+run: build
+	./$(BUILD)/mainwindow/krt
+
+test: build
+	cd $(BUILD) && QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j $(JOBS)
+	$(MAKE) --no-print-directory test-asan
+
+# Second pass of every test under AddressSanitizer + UndefinedBehaviorSanitizer.
+test-asan: deps
+	cmake -S . -B $(BUILD_ASAN) -DCMAKE_BUILD_TYPE=Debug -DKRT_SANITIZE=ON -DKRT_WITH_BENCH=OFF
+	cmake --build $(BUILD_ASAN) -j $(JOBS)
+	cd $(BUILD_ASAN) && QT_QPA_PLATFORM=offscreen ASAN_OPTIONS=detect_leaks=0 UBSAN_OPTIONS=print_stacktrace=1 \
+	  ctest --output-on-failure -j $(JOBS)
+
+bench:
+	$(MAKE) --no-print-directory build EXTRA_PACKAGES="$(BENCH_PACKAGES)"
+	./$(BUILD)/bench/bench_engine
+	@if [ -x bench/batch.sh ]; then bench/batch.sh $(BUILD); fi
+
+fuzz:
+	$(MAKE) --no-print-directory deps EXTRA_PACKAGES="$(FUZZ_PACKAGES)"
+	CXX=clang++ cmake -S . -B $(BUILD_FUZZ) -DCMAKE_BUILD_TYPE=RelWithDebInfo -DKRT_FUZZ=ON -DKRT_WITH_GUI=OFF -DKRT_WITH_BENCH=OFF
+	cmake --build $(BUILD_FUZZ) -j $(JOBS) --target fuzz_engine
+	mkdir -p $(BUILD_FUZZ)/corpus
+	./$(BUILD_FUZZ)/fuzz/fuzz_engine -max_total_time=$(FUZZ_SECONDS) -timeout=5 $(BUILD_FUZZ)/corpus fuzz/corpus
+
+clean:
+	rm -rf $(BUILD) $(BUILD_ASAN) $(BUILD_FUZZ)

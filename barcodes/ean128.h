@@ -1,0 +1,7 @@
+// GS1-128: Code 128 with FNC1 after the start character.
+#pragma once
+#include <string>
+
+namespace krt {
+std::string CodificaEan128(std::string& contenuto);
+}

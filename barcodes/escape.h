@@ -1,0 +1,22 @@
+// Backslash escapes in Code 128, GS1-128 and Full ASCII content.
+#pragma once
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace krt {
+
+// Reads one (possibly escaped) character at the 1-based position and advances it
+// past what was consumed. Returns a one-character string, or "" for an escape that
+// yields no character (unknown letter, trailing backslash, negative value).
+std::string LeggiCarattereEscape(std::string_view contenuto, std::size_t& posizione);
+
+// Lenient base-8/16 reader of an escape's digits (see escape.cpp).
+std::int32_t ConvertiDaBase(std::string_view cifre, int base);
+
+// Decodes every escape of the content; throws EscapeNonValido on an escape that
+// yields no character.
+std::string DecodificaEscape(std::string_view contenuto);
+
+}  // namespace krt
