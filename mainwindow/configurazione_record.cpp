@@ -1,0 +1,1 @@
+#include "mainwindow/configurazione_record.h"

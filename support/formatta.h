@@ -1,0 +1,2 @@
+#pragma once
+// FormattaEscape: placeholder until it lands.

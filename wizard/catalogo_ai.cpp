@@ -1,0 +1,1 @@
+#include "wizard/catalogo_ai.h"

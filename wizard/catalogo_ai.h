@@ -1,0 +1,2 @@
+#pragma once
+// placeholder until it lands

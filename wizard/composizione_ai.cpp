@@ -1,0 +1,1 @@
+#include "wizard/composizione_ai.h"

@@ -1,0 +1,1 @@
+#include "wizard/validazione_ai.h"
