@@ -5,6 +5,13 @@
 
 namespace krt {
 
+// ASCII-only character tests: safe for any byte, whatever the locale or the sign of char.
+constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+constexpr char InMaiuscolo(char c) { return (c >= 'a' && c <= 'z') ? static_cast<char>(c - 'a' + 'A') : c; }
+constexpr char InMinuscolo(char c) { return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c; }
+// Value of a digit character, 0 for any other character.
+constexpr int ValoreCifra(char c) { return IsDigit(c) ? c - '0' : 0; }
+
 // True when the content may be encoded with the (upper-case) symbology code.
 // May rewrite the content: zero padding on the left, upper case.
 bool ValidaCodice(std::string& contenuto, std::string_view codice, bool checkDigit);
