@@ -82,11 +82,84 @@ std::string CodificaEAN13(std::string_view cifre) {
     return risultato;
 }
 
-std::string CodificaEAN8(std::string_view /*cifre*/) { return {}; }
-std::string CodificaUPCA(std::string_view /*cifre*/) { return {}; }
-std::string CodificaUPCE(std::string_view /*cifre*/) { return {}; }
-std::string ConvertiUPCE(std::string_view /*cifre*/) { return {}; }
-std::string CodificaAddOn2(std::string_view /*cifre*/) { return {}; }
-std::string CodificaAddOn5(std::string_view /*cifre*/) { return {}; }
+std::string CodificaEAN8(std::string_view cifre) {
+    if (!CifreEsatte(cifre, 8)) return {};
+    std::string risultato;
+    risultato.reserve(11);
+    risultato += GuardiaNormale;
+    AggiungiInSet(risultato, cifre.substr(0, 4), SetA);
+    risultato += GuardiaCentrale;
+    AggiungiInSet(risultato, cifre.substr(4, 4), SetC);
+    risultato += GuardiaNormale;
+    return risultato;
+}
+
+std::string CodificaUPCA(std::string_view cifre) {
+    if (!CifreEsatte(cifre, 12)) return {};
+    std::string risultato;
+    risultato.reserve(15);
+    risultato += GuardiaNormale;
+    AggiungiInSet(risultato, cifre.substr(0, 6), SetA);
+    risultato += GuardiaCentrale;
+    AggiungiInSet(risultato, cifre.substr(6, 6), SetC);
+    risultato += GuardiaNormale;
+    return risultato;
+}
+
+// The check digit is not drawn: it chooses the parity. Number system 1 swaps the sets.
+std::string CodificaUPCE(std::string_view cifre) {
+    if (!CifreEsatte(cifre, 8)) return {};
+    const bool scambia = cifre[0] == '1';
+    std::string risultato;
+    risultato.reserve(9);
+    risultato += cifre[0];
+    risultato += GuardiaNormale;
+    AggiungiConParita(risultato, cifre.substr(1, 6), ParitaUPCE[ValoreCifra(cifre[7])],
+                      scambia ? SetB : SetA, scambia ? SetA : SetB);
+    risultato += GuardiaFinaleUPCE;
+    return risultato;
+}
+
+// Expands the zero-suppressed number to UPC-A and appends the check digit of that.
+std::string ConvertiUPCE(std::string_view cifre) {
+    if (!CifreEsatte(cifre, 7)) return {};
+    const std::string_view d = cifre.substr(1);  // d[0] .. d[5] are d1 .. d6
+    std::string upca(1, cifre[0]);
+    upca.reserve(11);
+    switch (d[5]) {
+        case '0': case '1': case '2':
+            upca.append(d.substr(0, 2)).append(1, d[5]).append("0000").append(d.substr(2, 3));
+            break;
+        case '3':
+            upca.append(d.substr(0, 3)).append("00000").append(d.substr(3, 2));
+            break;
+        case '4':
+            upca.append(d.substr(0, 4)).append("00000").append(1, d[4]);
+            break;
+        default:
+            upca.append(d.substr(0, 5)).append("0000").append(1, d[5]);
+            break;
+    }
+    std::string risultato(cifre);
+    risultato += CalcolaCheckEAN(upca).back();
+    return risultato;
+}
+
+// Uses the two leftmost digits.
+std::string CodificaAddOn2(std::string_view cifre) {
+    cifre = cifre.substr(0, 2);
+    if (!CifreEsatte(cifre, 2)) return {};
+    const int valore = 10 * ValoreCifra(cifre[0]) + ValoreCifra(cifre[1]);
+    return CodificaAddOn(cifre, ParitaAddOn2[static_cast<std::size_t>(valore % 4)]);
+}
+
+// Uses the five leftmost digits.
+std::string CodificaAddOn5(std::string_view cifre) {
+    cifre = cifre.substr(0, 5);
+    if (!CifreEsatte(cifre, 5)) return {};
+    int s = 0;
+    for (std::size_t i = 0; i < 5; ++i) s += (i % 2 == 0 ? 3 : 9) * ValoreCifra(cifre[i]);
+    return CodificaAddOn(cifre, ParitaAddOn5[static_cast<std::size_t>(s % 10)]);
+}
 
 }  // namespace krt
