@@ -1,0 +1,214 @@
+// Entry lookup, check flag, add-on split, HRC text and the whole cycle on one entry.
+#include "mainwindow/voce.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "barcodes/codifica.h"
+#include "barcodes/errori.h"
+
+namespace krt {
+namespace {
+
+const VoceCatalogo& Voce(int id) {
+    const VoceCatalogo* voce = VocePerId(id);
+    if (voce == nullptr) throw std::logic_error("no entry " + std::to_string(id));
+    return *voce;
+}
+
+int IdDi(const VoceCatalogo* voce) { return voce == nullptr ? 0 : voce->id; }
+
+TEST(Voce, RicercaPerTestoNomeECodice) {
+    enum Modo { Inglese, Italiano, Nome, Codice };
+    struct Riga {
+        Modo modo;
+        const char* testo;
+        int id;  // 0: no entry
+    } const righe[] = {
+        {Inglese, "Code 39", 400},           {Italiano, "Codice 39", 400},
+        {Inglese, "Codice 39", 0},           {Inglese, "code 39", 0},
+        {Italiano, "EAN 8", 412},            {Italiano, "2 di 5 Invertito", 430},
+        {Inglese, "UCC-ITF 14", 432},        {Inglese, "ISBN-13", 435},
+        {Inglese, "EAN 128", 425},           {Inglese, "", 0},
+        {Nome, "codice 128", 424},           {Nome, "EAN 13 ADD-ON 5", 417},
+        {Nome, "codabar/monarch", 411},      {Nome, "code 39 full ascii", 401},
+        {Nome, "C39", 0},                    {Nome, "", 0},
+        {Codice, "c39", 400},                {Codice, "C32HRC", 410},
+        {Codice, "add2", 413},               {Codice, "ADD5", 414},
+        {Codice, "cip", 427},                {Codice, "ISBN13", 435},
+        {Codice, "Code 39", 0},              {Codice, "", 0},
+    };
+    for (const auto& r : righe) {
+        const VoceCatalogo* voce = r.modo == Inglese    ? TrovaVoce(r.testo, 0)
+                                   : r.modo == Italiano ? TrovaVoce(r.testo, 1000)
+                                   : r.modo == Nome     ? TrovaVocePerNome(r.testo)
+                                                        : TrovaVocePerCodice(r.testo);
+        EXPECT_EQ(IdDi(voce), r.id) << "mode " << r.modo << " text \"" << r.testo << "\"";
+    }
+}
+
+TEST(Voce, CheckCodiceEFamiglia) {
+    struct Riga {
+        int id;
+        bool check, hrc;
+        const char* stile;
+        bool checkAtteso;
+        const char* codice;
+        const char* famiglia;
+    } const righe[] = {
+        {434, false, false, "Normal", true, "ISBN", "ORBEAN"},
+        {435, false, false, "Normal", true, "ISBN13", "ORBEAN"},
+        {415, false, true, "Normal", false, "EAN13", "ORBEAN"},
+        {410, true, true, "Narrow", true, "C32HRC", "ORB32"},
+        {410, false, false, "Corto", false, "C32", "ORB32"},
+        {404, true, false, "Narrow", true, "C25", ""},
+        {404, true, false, "Short", true, "C25", "ORB25 ITF Short"},
+        {427, false, false, "Wide short", false, "CIP", "ORB39 Wide Short"},
+        {400, false, true, "Corto", false, "C39", "ORB39 Short"},
+    };
+    for (const auto& r : righe) {
+        const VoceCatalogo& voce = Voce(r.id);
+        const OpzioniVoce opzioni{r.check, r.hrc, false, r.stile, {}};
+        SCOPED_TRACE("entry " + std::to_string(r.id) + " style " + r.stile);
+        EXPECT_EQ(CheckVoce(voce, r.check), r.checkAtteso);
+        EXPECT_EQ(CodiceVoce(voce, r.hrc), r.codice);
+        EXPECT_EQ(GeneraVoce(voce, "1", opzioni).famiglia, r.famiglia);
+    }
+}
+
+TEST(Voce, DivisioneEValidazione) {
+    struct Riga {
+        int id;
+        const char* contenuto;
+        bool check;
+        const char* principale;  // split
+        const char* addOn;
+        bool accettato;
+        const char* principaleValido;  // after validation
+        const char* addOnValido;
+    } const righe[] = {
+        {413, "123456789", true, "1234567", "89", true, "1234567", "89"},
+        {413, "123456789", false, "12345678", "9", true, "12345678", "09"},
+        {417, "1234567890121234567", true, "123456789012", "12345", true, "123456789012", "12345"},
+        {420, "12345", true, "12345", "", true, "00000012345", "00000"},
+        {416, "123456789012A1", true, "123456789012", "A1", false, "", ""},
+        {422, "2345678", true, "2345678", "", false, "", ""},
+        {415, "123", true, "123", "", true, "000000000123", ""},
+        {415, "", true, "", "", false, "", ""},
+        {400, "abc", false, "abc", "", true, "ABC", ""},
+        {434, "030640615", false, "030640615", "", true, "030640615", ""},
+    };
+    for (const auto& r : righe) {
+        const VoceCatalogo& voce = Voce(r.id);
+        SCOPED_TRACE("entry " + std::to_string(r.id) + " content \"" + r.contenuto + "\"");
+        const ParteVoce divise = DividiAddOn(voce, r.contenuto, CheckVoce(voce, r.check));
+        EXPECT_EQ(divise.principale, r.principale);
+        EXPECT_EQ(divise.addOn, r.addOn);
+        ParteVoce parti;
+        ASSERT_EQ(ValidaVoce(voce, r.contenuto, r.check, parti), r.accettato);
+        if (!r.accettato) continue;
+        EXPECT_EQ(parti.principale, r.principaleValido);
+        EXPECT_EQ(parti.addOn, r.addOnValido);
+    }
+}
+
+TEST(Voce, TestoHRC) {
+    struct Riga {
+        int id;
+        const char* contenuto;  // as left by validation
+        bool checkInHRC;
+        const char* testoHRC;  // wizard text
+        const char* atteso;
+    } const righe[] = {
+        {400, "CODE_39", false, "", "*CODE 39*"},
+        {400, "Z3", true, "", "*Z3 *"},  // check at place 38 is "_", shown as space
+        {402, "A_B", false, "", "A B"},  // Code 93 without check: no asterisks
+        {402, "TEST", true, "", "*TEST8M*"},
+        {401, "Ab", true, "", "*Ab9*"},  // the check routine still answers
+        {401, "ab", true, "", "*ab*"},   // negative remainder: no check characters
+        {403, "xy", true, "", "xy"},
+        {411, "A123B", false, "", "a123b"},
+        {411, "A123B", true, "", "a1239b"},
+        {404, "01234", true, "", "012348"},
+        {432, "1234567890123", true, "", "12345678901231"},
+        {405, "1234", true, "", "12348"},
+        {409, "1234", true, "", "123447"},
+        {426, "123", true, "", "123-"},
+        {427, "123456", true, "", "1234568"},
+        {429, "12O", true, "", "12O6"},
+        {433, "12345", true, "", "123455"},
+        {433, "12345", false, "", "12345"},
+        {424, "ab\\d129", true, "", "ab\\d129"},
+        {425, "10ABC", false, "(10)ABC", "(10)ABC"},
+        {425, "10ABC", false, "", "10ABC"},
+        {410, "12345678", true, "", ""},
+        {415, "123456789012", true, "", ""},
+        {434, "030640615", true, "", ""},
+    };
+    for (const auto& r : righe) {
+        const OpzioniVoce opzioni{r.checkInHRC, true, r.checkInHRC, "Normal", r.testoHRC};
+        EXPECT_EQ(TestoHRCVoce(Voce(r.id), r.contenuto, opzioni), r.atteso)
+            << "entry " << r.id << " content \"" << r.contenuto << "\" check in HRC " << r.checkInHRC;
+    }
+}
+
+TEST(Voce, CheckInHRCRichiedeAncheIlCheckDigit) {
+    const OpzioniVoce soloMenu{false, false, true, "Normal", {}};
+    EXPECT_EQ(TestoHRCVoce(Voce(402), "TEST", soloMenu), "TEST");
+}
+
+TEST(Voce, CicloCompleto) {
+    struct Riga {
+        int id;
+        const char* contenuto;
+        bool check, hrc;
+        bool accettato;
+        std::string glifiAttesi;  // "" = do not compare
+        const char* hrc_;
+    } const righe[] = {
+        {400, "abc", false, false, true, "#ABC#", "*ABC*"},
+        {434, "030640615", false, false, true, "", ""},
+        {415, "", true, false, false, "", ""},
+        {421, "2345678", true, false, false, "", ""},
+        {402, "TEST", true, false, true, "*TEST8M#", "TEST"},
+    };
+    for (const auto& r : righe) {
+        const OpzioniVoce opzioni{r.check, r.hrc, false, "Normal", {}};
+        const GenerazioneVoce g = GeneraVoce(Voce(r.id), r.contenuto, opzioni);
+        SCOPED_TRACE("entry " + std::to_string(r.id) + " content \"" + r.contenuto + "\"");
+        EXPECT_EQ(g.accettato, r.accettato);
+        if (!r.accettato) {
+            EXPECT_EQ(g.glifi, "");
+            continue;
+        }
+        if (!r.glifiAttesi.empty()) {
+            EXPECT_EQ(g.glifi, r.glifiAttesi);
+        }
+        EXPECT_EQ(g.hrc, r.hrc_);
+    }
+}
+
+TEST(Voce, DueRigheEAddOn) {
+    const OpzioniVoce conHRC{true, true, false, "Normal", {}};
+    const GenerazioneVoce c32 = GeneraVoce(Voce(410), "12345678", conHRC);
+    EXPECT_EQ(c32.codice, "C32HRC");
+    EXPECT_EQ(c32.glifi.substr(0, 2), "|*");
+    EXPECT_NE(c32.glifi.find("\r\nA123456788"), std::string::npos) << c32.glifi;
+
+    const GenerazioneVoce isbn = GeneraVoce(Voce(434), "030640615", OpzioniVoce{});
+    EXPECT_EQ(isbn.glifi.substr(0, 18), "--$%.(%;.)%;&:.'\r\n");
+
+    // The add-on glyphs follow the main glyphs directly; characters beyond are ignored.
+    const GenerazioneVoce ean = GeneraVoce(Voce(417), "400638133393123456", conHRC);
+    ASSERT_TRUE(ean.accettato);
+    EXPECT_EQ(ean.glifi, CodificaBarcode("400638133393", "EAN13", true) + CodificaBarcode("12345", "ADD5", true));
+    EXPECT_FALSE(ean.glifi.empty());
+}
+
+TEST(Voce, GuastiDelMotoreArrivanoAlChiamante) {
+    EXPECT_THROW(GeneraVoce(Voce(424), "ab\\qc", OpzioniVoce{}), EscapeNonValido);
+}
+
+}  // namespace
+}  // namespace krt
