@@ -1,7 +1,9 @@
 // Code 128 with automatic code set selection.
 #pragma once
+#include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace krt {
 
@@ -11,5 +13,13 @@ std::string CodificaCode128(std::string& contenuto);
 
 // 103 (set A), 104 (set B) or 105 (set C): the set in which the rest is best begun.
 int ScegliSetCode128(std::string_view resto);
+
+// Symbol values of decoded content (every code at most 132), from the start
+// character on, without the check character.
+std::vector<std::uint8_t> ValoriCode128(std::string_view decodificato);
+
+// Appends the modulo 103 check value to the values, maps them to glyphs and adds
+// the stop glyph. Throws OverflowCheckSum when a weighted value exceeds 32767.
+std::string GlifiCode128(const std::vector<std::uint8_t>& valori);
 
 }  // namespace krt

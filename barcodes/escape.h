@@ -2,6 +2,7 @@
 #pragma once
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -18,5 +19,15 @@ std::int32_t ConvertiDaBase(std::string_view cifre, int base);
 // Decodes every escape of the content; throws EscapeNonValido on an escape that
 // yields no character.
 std::string DecodificaEscape(std::string_view contenuto);
+
+// Decodes character by character and stops at the first one whose code is above
+// codiceMassimo: std::nullopt then, and what follows is not read. Throws
+// EscapeNonValido on an escape met before that character.
+std::optional<std::string> DecodificaEscape(std::string_view contenuto, unsigned codiceMassimo);
+
+// Lenient decimal reader: leading blanks skipped, an optional sign, digits and one
+// decimal point; reading stops at the first character that cannot continue the
+// number, and no number at all reads as 0.
+double LeggiNumero(std::string_view testo);
 
 }  // namespace krt
