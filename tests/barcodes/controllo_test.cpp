@@ -13,20 +13,89 @@ struct CasoCheck {
     std::string atteso;
 };
 
+std::string MSI2(std::string_view c) { return krt::CalcolaCheckMSI(c, 2); }
+std::string MSI1(std::string_view c) { return krt::CalcolaCheckMSI(c, 1); }
+std::string Check11(std::string_view c) {
+    std::string argomento(c);
+    return krt::CalcolaCheck11(argomento);
+}
+
 TEST(Controllo, ChecksAppendedToContent) {
     const CasoCheck casi[] = {
         {krt::CalcolaCheckEAN, "EAN", "400638133393", "4006381333931"},
         {krt::CalcolaCheckEAN, "EAN", "9638507", "96385074"},
-        {krt::CalcolaCheckEAN, "EAN", "03600029145", "036000291452"},
+        {krt::CalcolaCheckEAN, "EAN", "01234500006", "012345000065"},
         {krt::CalcolaCheckEAN, "EAN", "978030640615", "9780306406157"},
         {krt::CalcolaCheck39, "39", "CODE39", "CODE39W"},
-        {krt::CalcolaCheck39, "39", "Z3", "Z3_"},
+        {krt::CalcolaCheck39, "39", "Z3", "Z3_"},  // place 38 is "_"
         {krt::CalcolaCheck39, "39", "", "0"},
         {krt::CalcolaCheck93, "93", "TEST", "TEST8M"},
         {krt::CalcolaCheck93, "93", "TEST93", "TEST93+6"},
+        {krt::CalcolaCheck25, "25", "01234", "012348"},
+        {krt::CalcolaCheck25, "25", "1234567890123", "12345678901231"},
+        {krt::CalcolaCheckMod10, "Mod10", "1234", "12348"},
+        {krt::CalcolaCheckMod10, "Mod10", "12345", "123457"},
+        {krt::CalcolaCheckMod10, "Mod10", "ABC", "ABC0"},  // letters count as 0
+        {Check11, "11", "123-45", "123-455"},
+        {Check11, "11", "1234567890", "12345678901"},     // 10 characters: C only
+        {Check11, "11", "12345678901", "123456789014-"},  // 11 characters: C and K, K = 10
+        {Check11, "11", "", "0"},
+        {MSI2, "MSI", "1234", "123447"},
+        {MSI2, "MSI", "80523", "8052344"},
+        {MSI2, "MSI", "999999999999999", "99999999999999951"},
+        {MSI1, "MSI mode 1", "1234", "12344"},
+        {krt::CalcolaCheckCIP, "CIP", "123456", "1234568"},
+        {krt::CalcolaCheckCIP, "CIP", "000001", "0000013"},
+        {krt::CalcolaCheckCIP, "CIP", "000000", "000000:"},  // remainder 0 gives ":"
+        {krt::CalcolaCheckCIP, "CIP", "000003", ""},         // remainder 10
+        {krt::CalcolaCheckPostnet, "Postnet", "12345", "123455"},
+        {krt::CalcolaCheckPostnet, "Postnet", "001234567", "0012345672"},
+        {krt::CalcolaCheckPlessey, "Plessey", "", "00"},
+        {krt::CalcolaCheckPlessey, "Plessey", "1", "173"},
+        {krt::CalcolaCheckPlessey, "Plessey", "01234", "012340D"},
+        {krt::CalcolaCheckPlessey, "Plessey", "FFFF", "FFFF4B"},
+        {krt::CalcolaCheckPlessey, "Plessey", "123456789ABCDEF", "123456789ABCDEF90"},
+        {krt::CalcolaCheckPlessey, "Plessey", "123456789ABCDEF0", ""},  // beyond the residue table
+        {krt::CalcolaCheckDelta, "Delta", "12O", "12O6"},
+        {krt::CalcolaCheckDelta, "Delta", "KLMO", "KLMO2"},
+        {krt::CalcolaCheckDelta, "Delta", "", "0"},
+        {krt::CalcolaCheck32, "32", "12345678", "123456788"},
+        {krt::CalcolaCheck32, "32", "00000000", "000000000"},
+        {krt::CalcolaCheckCodabar, "Codabar", "A123B", "a1239b"},
+        {krt::CalcolaCheckCodabar, "Codabar", "T0E", "t0/e"},  // 16 + 19 = 35, r 3, place 13
+        {krt::CalcolaCheckCodabar, "Codabar", "A0T", "a00t"},  // 32, r 0: "0"
+        {krt::CalcolaCheckCodabar, "Codabar", "*+M", "*+.m"},  // 18 + 15 + 17 = 50, r 2, place 14
     };
     for (const auto& c : casi)
         EXPECT_EQ(c.routine(c.ingresso), c.atteso) << c.nome << " of \"" << c.ingresso << "\"";
+}
+
+TEST(Controllo, Check11WritesBackIntoItsArgument) {
+    std::string contenuto = "12345678901";
+    const std::string risultato = krt::CalcolaCheck11(contenuto);
+    EXPECT_EQ(contenuto, risultato);
+}
+
+// Outside the validated alphabets the routines stay defined: a negative remainder forms no check.
+TEST(Controllo, CharactersOutsideTheAlphabet) {
+    const CasoCheck casi[] = {
+        {krt::CalcolaCheck39, "39", "a", ""},
+        {krt::CalcolaCheck39, "39", "\xE9", ""},
+        {krt::CalcolaCheck93, "93", "?", ""},
+        {krt::CalcolaCheck93, "93", "abcd", "abcdHO"},  // the shift characters are Code 93's own
+    };
+    for (const auto& c : casi)
+        EXPECT_EQ(c.routine(c.ingresso), c.atteso) << c.nome << " of \"" << c.ingresso << "\"";
+
+    for (const std::string& strano : {std::string("\x80\xFF"), std::string("zz"), std::string(40, '\xAA')}) {
+        for (auto routine : {krt::CalcolaCheckEAN, krt::CalcolaCheck25, krt::CalcolaCheckMod10,
+                             krt::CalcolaCheckPostnet, krt::CalcolaCheckDelta, krt::CalcolaCheck32}) {
+            const std::string r = routine(strano);
+            ASSERT_EQ(r.size(), strano.size() + 1) << strano;
+            EXPECT_TRUE(r.back() >= '0' && r.back() <= '9') << strano << " gave " << r;
+        }
+        EXPECT_EQ(krt::CalcolaCheckCodabar(strano).size(), strano.size() + 1) << strano;
+    }
 }
 
 }  // namespace

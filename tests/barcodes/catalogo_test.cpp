@@ -1,0 +1,80 @@
+#include <gtest/gtest.h>
+
+#include <set>
+#include <string>
+
+#include "barcodes/catalogo.h"
+#include "barcodes/codifica.h"
+
+namespace {
+
+TEST(Catalogo, EntriesInIdOrder) {
+    ASSERT_EQ(krt::Catalogo.size(), 36u);
+    std::set<std::string_view> inglesi, italiani;
+    for (std::size_t i = 0; i < krt::Catalogo.size(); ++i) {
+        const auto& v = krt::Catalogo[i];
+        EXPECT_EQ(v.id, 400 + static_cast<int>(i));
+        EXPECT_TRUE(inglesi.insert(v.inglese).second) << v.inglese;
+        EXPECT_TRUE(italiani.insert(v.italiano).second) << v.italiano;
+        EXPECT_TRUE(v.addOn == 0 || v.addOn == 2 || v.addOn == 5) << v.id;
+        EXPECT_EQ(v.famiglia.substr(0, 3), "ORB") << v.id;
+        // Every entry has a face in the Normal style.
+        EXPECT_EQ(krt::ScegliFontFamiglia(v.famiglia, "Normal"), v.famiglia) << v.id;
+    }
+}
+
+TEST(Catalogo, SampleRows) {
+    const struct {
+        std::size_t indice;
+        std::string_view inglese, italiano, codice;
+        int addOn;
+        std::string_view famiglia;
+    } righe[] = {
+        {0, "Code 39", "Codice 39", "C39", 0, "ORB39"},
+        {10, "Code 32", "Codice 32", "C32", 0, "ORB32"},
+        {14, "EAN 8 Add-on 5", "EAN 8 Add-on 5", "EAN8", 5, "ORBEAN"},
+        {22, "UPC-E Add-on 2", "UPC-E Add-on 2", "UPCE", 2, "ORBEAN"},
+        {27, "Code CIP", "Codice CIP", "CIP", 0, "ORB39"},
+        {29, "Delta-Distance A", "Delta-Distance A", "DELTA", 0, "ORBDELTA DA"},
+        {30, "2 of 5 Inverted", "2 di 5 Invertito", "C25INV", 0, "ORB25 INV"},
+        {35, "ISBN-13", "ISBN-13", "ISBN13", 0, "ORBEAN"},
+    };
+    for (const auto& r : righe) {
+        const auto& v = krt::Catalogo[r.indice];
+        EXPECT_EQ(v.inglese, r.inglese);
+        EXPECT_EQ(v.italiano, r.italiano);
+        EXPECT_EQ(v.codice, r.codice);
+        EXPECT_EQ(v.addOn, r.addOn);
+        EXPECT_EQ(v.famiglia, r.famiglia);
+    }
+}
+
+TEST(Catalogo, FontFamilyByStyle) {
+    const struct {
+        std::string_view base, stile, atteso;
+    } casi[] = {
+        {"ORB39", "Narrow short", "ORB39 Narrow Short"},
+        {"ORB39", "Stretto e corto", "ORB39 Narrow Short"},
+        {"ORB93", "Largo", "ORB93 Wide"},
+        {"ORB93", "Wide short", "ORB93 Wide Short"},
+        {"ORB25 ITF", "Narrow", ""},
+        {"ORB25 ITF", "Short", "ORB25 ITF Short"},
+        {"ORB25 ITF", "Corto", "ORB25 ITF Short"},
+        {"ORBDELTA DA", "Short", "ORBDELTA DA Short"},
+        {"ORB128", "Normale", "ORB128"},
+        {"ORB128", "Largo e corto", ""},
+        {"ORB39", "Wide short", "ORB39 Wide Short"},  // Code CIP's family
+        {"ORB39", "wide short", ""},                  // style texts are exact
+        {"ORB39", "Bold", ""},
+        {"ORB32", "Wide short", "ORB32"},
+        {"ORBEAN", "Stretto", "ORBEAN"},
+        {"ORBPOSTNET", "Bold", "ORBPOSTNET"},  // the single families ignore even unknown styles
+        {"ORBEAN", "", "ORBEAN"},
+        {"ORBXYZ", "Normal", ""},
+        {"", "Normal", ""},
+    };
+    for (const auto& c : casi)
+        EXPECT_EQ(krt::ScegliFontFamiglia(c.base, c.stile), c.atteso) << c.base << " / " << c.stile;
+}
+
+}  // namespace

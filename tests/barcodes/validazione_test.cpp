@@ -1,0 +1,115 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "barcodes/validazione.h"
+
+namespace {
+
+struct CasoValidazione {
+    const char* codice;
+    bool check;
+    std::string contenuto;
+    bool accettato;
+    std::string normalizzato;  // checked only when accepted
+};
+
+TEST(Validazione, AcceptsAndNormalises) {
+    const CasoValidazione casi[] = {
+        {"EAN13", true, "123", true, "000000000123"},
+        {"EAN13", true, "1234567890123", false, ""},
+        {"EAN13", false, "1234567890123", true, "1234567890123"},
+        {"EAN13", true, "12a", false, ""},
+        {"EAN8", true, "", true, "0000000"},
+        {"EAN8", false, "", true, "00000000"},
+        {"UPCA", true, "1", true, "00000000001"},
+        {"UPCA", false, "123456789012", true, "123456789012"},
+        {"UPCE", true, "123456", true, "0123456"},
+        {"UPCE", true, "2345678", false, ""},  // number system 2
+        {"UPCE", true, "1234567", true, "1234567"},
+        {"UPCE", true, "12345678", false, ""},
+        {"UPCE", false, "12345678", true, "12345678"},
+        {"ISBN", false, "30640615", true, "030640615"},
+        {"ISBN13", true, "9780306406", true, "009780306406"},
+        {"ADD2", true, "5", true, "05"},
+        {"ADD5", false, "123456", false, ""},
+        {"POSTNET", true, "1234567", true, "001234567"},
+        {"POSTNET", true, "123", true, "00123"},
+        {"POSTNET", true, "1234567890", true, "01234567890"},
+        {"POSTNET", true, "123456789012", false, ""},
+        {"POSTNET", false, "123456", true, "123456"},
+        {"POSTNET", false, "1234567", true, "0001234567"},
+        {"POSTNET", false, "123456789012", true, "123456789012"},
+        {"POSTNET", false, "1234567890123", false, ""},
+        {"CIP", true, "123", true, "000123"},
+        {"CIP", true, "000003", false, ""},    // remainder 10
+        {"CIP", false, "0000030", false, ""},  // same remainder test on seven digits
+        {"CIP", false, "1234567", true, "1234567"},
+        {"CIP", true, "1234567", false, ""},
+        {"C25", true, "1234", true, "01234"},
+        {"C25", true, "123", true, "123"},
+        {"C25", false, "123", true, "0123"},
+        {"C25", false, "", true, ""},
+        {"C25", true, "", true, "0"},
+        {"C25", true, "12a", false, ""},
+        {"ITF", true, "1", true, "0000000000001"},
+        {"ITF", false, "123", true, "00000000000123"},
+        {"CIND25", false, "007", true, "007"},
+        {"CBCD", true, "1-2", false, ""},
+        {"C11", true, "", true, ""},
+        {"C11", true, "12-34", true, "12-34"},
+        {"C11", true, "12 34", false, ""},
+        {"CMSI", true, "1234567890123", true, "1234567890123"},
+        {"CMSI", true, "12345678901234", false, ""},
+        {"CMSI", false, "123456789012345", true, "123456789012345"},
+        {"CMSI", false, "1234567890123456", false, ""},
+        {"C32", true, "1", true, "00000001"},
+        {"C32HRC", false, "123456789", true, "123456789"},
+        {"C32", false, "1234567890", false, ""},
+        {"C128", false, "anything \\q", true, "anything \\q"},
+        {"C39FULL", true, "\xE9", true, "\xE9"},
+        {"C39", false, "abc", true, "ABC"},
+        {"C39", false, "a b", false, ""},
+        {"C39", false, "a_b-c.d$/+%", true, "A_B-C.D$/+%"},
+        {"C93", false, "test", true, "TEST"},
+        {"C93", false, "TE*T", false, ""},
+        {"PLESSEY", true, "0123456789abcdef", false, ""},  // 16 characters
+        {"PLESSEY", false, "0123456789abcde", true, "0123456789ABCDE"},
+        {"PLESSEY", false, "G", false, ""},
+        {"DELTA", true, "12O", true, "12O"},
+        {"DELTA", true, "12n", false, ""},
+        {"DELTA", true, "klmo", true, "KLMO"},
+        {"DELTA", true, "1234567890123456", false, ""},
+        {"DELTA", false, "1234567890123456", true, "1234567890123456"},
+        {"DELTA", false, "12_", false, ""},
+        {"CBAR", false, "a123b", true, "A123B"},
+        {"CBAR", false, "A1B", true, "A1B"},
+        {"CBAR", false, "A12", false, ""},  // the last character is no stop character
+        {"CBAR", false, "A1", false, ""},
+        {"CBAR", false, "*-$:/.+e", true, "*-$:/.+E"},
+        {"CBAR", false, "tAm", false, ""},
+        {"C25INV", false, "ABC", true, "ABC"},
+        {"C25COMP", true, "x y", true, "x y"},
+        {"XYZ", true, "whatever", true, "whatever"},
+    };
+    for (const auto& c : casi) {
+        std::string contenuto = c.contenuto;
+        const bool accettato = krt::ValidaCodice(contenuto, c.codice, c.check);
+        EXPECT_EQ(accettato, c.accettato) << c.codice << (c.check ? " +check" : "") << " \"" << c.contenuto << "\"";
+        if (accettato && c.accettato) EXPECT_EQ(contenuto, c.normalizzato) << c.codice << " \"" << c.contenuto << "\"";
+    }
+}
+
+TEST(Validazione, Helpers) {
+    EXPECT_TRUE(krt::SoloCifre(""));
+    EXPECT_TRUE(krt::SoloCifre("0123456789"));
+    EXPECT_FALSE(krt::SoloCifre("12 "));
+    EXPECT_FALSE(krt::SoloCifre("\xB2"));  // superscript two is no digit
+
+    EXPECT_EQ(krt::RiempiSinistra("12", 5, "0"), "00012");
+    EXPECT_EQ(krt::RiempiSinistra("12", 5, "xy"), "xxx12");
+    EXPECT_EQ(krt::RiempiSinistra("123456", 4, "0"), "1234");
+    EXPECT_EQ(krt::RiempiSinistra("", 0, "0"), "");
+}
+
+}  // namespace
