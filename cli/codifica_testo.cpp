@@ -1,0 +1,162 @@
+// Windows-1252 <-> UTF-8 (see codifica_testo.h).
+#include "cli/codifica_testo.h"
+
+#include <array>
+#include <cstdint>
+#include <cstdio>
+
+namespace krt {
+
+namespace {
+
+// Code points of the bytes 0x80-0x9F. The unassigned bytes map to themselves.
+constexpr std::array<char16_t, 32> Cp1252Alto{
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,  // 80-87
+    0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,  // 88-8F
+    0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,  // 90-97
+    0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,  // 98-9F
+};
+
+constexpr char32_t NonValido = 0xFFFFFFFF;
+
+void AccodaPuntoCodice(std::string& uscita, char32_t cp) {
+    if (cp < 0x80) {
+        uscita += static_cast<char>(cp);
+    } else if (cp < 0x800) {
+        uscita += static_cast<char>(0xC0 | (cp >> 6));
+        uscita += static_cast<char>(0x80 | (cp & 0x3F));
+    } else if (cp < 0x10000) {
+        uscita += static_cast<char>(0xE0 | (cp >> 12));
+        uscita += static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
+        uscita += static_cast<char>(0x80 | (cp & 0x3F));
+    } else {
+        uscita += static_cast<char>(0xF0 | (cp >> 18));
+        uscita += static_cast<char>(0x80 | ((cp >> 12) & 0x3F));
+        uscita += static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
+        uscita += static_cast<char>(0x80 | (cp & 0x3F));
+    }
+}
+
+// Reads one UTF-8 character at i and moves past it. A malformed sequence (bad lead byte,
+// missing continuation, overlong form, surrogate, beyond U+10FFFF) gives NonValido and
+// moves past its first byte only.
+char32_t LeggiUtf8(std::string_view testo, std::size_t& i) {
+    const auto b0 = static_cast<unsigned char>(testo[i]);
+    if (b0 < 0x80) {
+        ++i;
+        return b0;
+    }
+    int seguito = 0;
+    char32_t cp = 0;
+    char32_t minimo = 0;
+    if ((b0 & 0xE0) == 0xC0) {
+        seguito = 1, cp = b0 & 0x1F, minimo = 0x80;
+    } else if ((b0 & 0xF0) == 0xE0) {
+        seguito = 2, cp = b0 & 0x0F, minimo = 0x800;
+    } else if ((b0 & 0xF8) == 0xF0) {
+        seguito = 3, cp = b0 & 0x07, minimo = 0x10000;
+    } else {
+        ++i;
+        return NonValido;
+    }
+    if (i + static_cast<std::size_t>(seguito) >= testo.size()) {  // sequence cut short
+        ++i;
+        return NonValido;
+    }
+    for (int k = 1; k <= seguito; ++k) {
+        const auto b = static_cast<unsigned char>(testo[i + static_cast<std::size_t>(k)]);
+        if ((b & 0xC0) != 0x80) {
+            ++i;
+            return NonValido;
+        }
+        cp = (cp << 6) | (b & 0x3F);
+    }
+    if (cp < minimo || cp > 0x10FFFF || (cp >= 0xD800 && cp <= 0xDFFF)) {
+        ++i;
+        return NonValido;
+    }
+    i += static_cast<std::size_t>(seguito) + 1;
+    return cp;
+}
+
+// Windows-1252 byte of a code point, -1 when the code page has none.
+int ByteCp1252(char32_t cp) {
+    if (cp < 0x80 || (cp >= 0xA0 && cp <= 0xFF)) return static_cast<int>(cp);
+    for (std::size_t k = 0; k < Cp1252Alto.size(); ++k)
+        if (Cp1252Alto[k] == cp) return static_cast<int>(0x80 + k);
+    return -1;
+}
+
+}  // namespace
+
+void AccodaCp1252InUtf8(std::string& uscita, std::string_view byte) {
+    for (const char c : byte) {
+        const auto b = static_cast<unsigned char>(c);
+        if (b < 0x80)
+            uscita += c;
+        else if (b < 0xA0)
+            AccodaPuntoCodice(uscita, Cp1252Alto[b - 0x80]);
+        else
+            AccodaPuntoCodice(uscita, b);
+    }
+}
+
+bool Utf8InCp1252(std::string_view testo, std::string& uscita, std::string& errore) {
+    uscita.clear();
+    uscita.reserve(testo.size());
+    std::size_t i = 0;
+    while (i < testo.size()) {
+        const std::size_t inizio = i;
+        const char32_t cp = LeggiUtf8(testo, i);
+        if (cp == NonValido) {
+            errore = "malformed UTF-8 at byte " + std::to_string(inizio + 1);
+            return false;
+        }
+        const int b = ByteCp1252(cp);
+        if (b < 0) {
+            char nome[16];
+            std::snprintf(nome, sizeof nome, "U+%04X", static_cast<unsigned>(cp));
+            errore = std::string("character ") + nome + " has no Windows-1252 code";
+            return false;
+        }
+        uscita += static_cast<char>(b);
+    }
+    return true;
+}
+
+void AccodaStringaJson(std::string& uscita, std::string_view utf8) {
+    static constexpr char Esadecimali[] = "0123456789abcdef";
+    uscita += '"';
+    std::size_t i = 0;
+    while (i < utf8.size()) {
+        const auto b = static_cast<unsigned char>(utf8[i]);
+        if (b >= 0x80) {
+            const std::size_t inizio = i;
+            const char32_t cp = LeggiUtf8(utf8, i);
+            if (cp == NonValido)
+                AccodaPuntoCodice(uscita, 0xFFFD);
+            else
+                uscita.append(utf8.substr(inizio, i - inizio));
+            continue;
+        }
+        ++i;
+        switch (b) {
+            case '"': uscita += "\\\""; break;
+            case '\\': uscita += "\\\\"; break;
+            case '\n': uscita += "\\n"; break;
+            case '\r': uscita += "\\r"; break;
+            case '\t': uscita += "\\t"; break;
+            default:
+                if (b < 0x20) {
+                    uscita += "\\u00";
+                    uscita += Esadecimali[b >> 4];
+                    uscita += Esadecimali[b & 0xF];
+                } else {
+                    uscita += static_cast<char>(b);
+                }
+        }
+    }
+    uscita += '"';
+}
+
+}  // namespace krt

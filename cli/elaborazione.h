@@ -1,0 +1,42 @@
+// One line of krt-encode: from the bytes read to the text written.
+#pragma once
+#include <string>
+#include <string_view>
+
+#include "cli/opzioni.h"
+#include "mainwindow/voce.h"
+
+namespace krt {
+
+// What SYMBOLOGY names, resolved once per run.
+struct Simbologia {
+    const VoceCatalogo* voce = nullptr;  // the entry (for a code: the entry that draws it)
+    std::string codice;                  // upper-case symbology code
+    bool perNome = false;                // a display name: the main window's rules apply
+    std::string famiglia;                // ScegliFontFamiglia(entry family, style)
+};
+
+// A symbology code first, then an English or Italian display name, ignoring case.
+// False when the text names neither.
+bool RisolviSimbologia(std::string_view testo, std::string_view stile, Simbologia& simbologia);
+
+struct RisultatoRiga {
+    std::string contenuto;  // the content as read, in UTF-8 (json only)
+    std::string codice;     // code the content was encoded with
+    std::string glifi;      // Windows-1252 glyph string, "" when refused
+    std::string hrc;        // Windows-1252 HRC text (display names only)
+    std::string errore;     // one-line reason, "" when the content was encoded
+};
+
+// Encodes one content given in the input encoding. Never throws for any input: refusals,
+// bad input text and the engine's faults come back in errore.
+RisultatoRiga CodificaRiga(const Simbologia& simbologia, const OpzioniCli& opzioni, std::string_view riga);
+
+// Appends the result in the chosen format, ending with a line feed.
+void AccodaRisultato(std::string& uscita, const Simbologia& simbologia, const RisultatoRiga& risultato,
+                     FormatoUscita formato);
+
+// The --list table.
+std::string TestoElenco();
+
+}  // namespace krt

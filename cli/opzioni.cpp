@@ -1,0 +1,146 @@
+// Command line of krt-encode (see opzioni.h).
+#include "cli/opzioni.h"
+
+#include <algorithm>
+
+namespace krt {
+
+namespace {
+
+std::string Check(OpzioniCli& o, std::string_view) { o.check = true; return {}; }
+std::string Hrc(OpzioniCli& o, std::string_view) { o.hrc = true; return {}; }
+std::string CheckInHRC(OpzioniCli& o, std::string_view) { o.checkInHRC = true; return {}; }
+std::string Stile(OpzioniCli& o, std::string_view v) { o.stile = v; return {}; }
+std::string Aiuto(OpzioniCli& o, std::string_view) { o.aiuto = true; return {}; }
+std::string Versione(OpzioniCli& o, std::string_view) { o.versione = true; return {}; }
+std::string Elenco(OpzioniCli& o, std::string_view) { o.elenco = true; return {}; }
+
+std::string Uscita(OpzioniCli& o, std::string_view v) {
+    if (v == "text") o.formato = FormatoUscita::Testo;
+    else if (v == "codes") o.formato = FormatoUscita::Codici;
+    else if (v == "json") o.formato = FormatoUscita::Json;
+    else return "--output takes text, codes or json, not \"" + std::string(v) + "\"";
+    return {};
+}
+
+std::string Ingresso(OpzioniCli& o, std::string_view v) {
+    if (v == "utf8" || v == "utf-8") o.ingresso = CodificaIngresso::Utf8;
+    else if (v == "cp1252") o.ingresso = CodificaIngresso::Cp1252;
+    else return "--input-encoding takes utf8 or cp1252, not \"" + std::string(v) + "\"";
+    return {};
+}
+
+// Add a row here (and its field in OpzioniCli) for a new option.
+constexpr DefinizioneOpzione Opzioni[] = {
+    {'c', "check", "", "add the check character(s) (the check digit option)", Check},
+    {'\0', "hrc", "", "the HRC option: Code 32 with its text line; HRC text in json", Hrc},
+    {'\0', "check-in-hrc", "", "with --check, show the check character(s) in the HRC text", CheckInHRC},
+    {'\0', "style", "STYLE", "font style for the family: Normal (default), Narrow, Wide, Short,\n"
+                             "                             Narrow short, Wide short, or the Italian name",
+     Stile},
+    {'\0', "output", "FORMAT", "text (default): glyphs as UTF-8, one line per input line;\n"
+                               "                             codes: glyph bytes as decimal numbers;\n"
+                               "                             json: one object per line",
+     Uscita},
+    {'\0', "input-encoding", "ENC", "utf8 (default) or cp1252 (raw Windows-1252 bytes)", Ingresso},
+    {'\0', "list", "", "list the symbologies: code, add-on, English and Italian name, family", Elenco},
+    {'h', "help", "", "show this help", Aiuto},
+    {'\0', "version", "", "show the version", Versione},
+};
+
+const DefinizioneOpzione* TrovaLunga(std::string_view nome) {
+    for (const auto& d : Opzioni)
+        if (!d.lunga.empty() && d.lunga == nome) return &d;
+    return nullptr;
+}
+
+const DefinizioneOpzione* TrovaBreve(char c) {
+    for (const auto& d : Opzioni)
+        if (d.breve != '\0' && d.breve == c) return &d;
+    return nullptr;
+}
+
+}  // namespace
+
+std::span<const DefinizioneOpzione> TabellaOpzioni() { return Opzioni; }
+
+std::string LeggiOpzioni(std::span<const char* const> argomenti, OpzioniCli& opzioni) {
+    bool soloArgomenti = false;
+    for (std::size_t i = 0; i < argomenti.size(); ++i) {
+        const std::string_view a = argomenti[i];
+        if (soloArgomenti || a.size() < 2 || a[0] != '-') {
+            opzioni.argomenti.emplace_back(a);
+            continue;
+        }
+        if (a == "--") {
+            soloArgomenti = true;
+            continue;
+        }
+        const DefinizioneOpzione* d = nullptr;
+        std::string_view valore;
+        bool valoreDato = false;
+        if (a[1] == '-') {
+            std::string_view nome = a.substr(2);
+            if (const auto uguale = nome.find('='); uguale != std::string_view::npos) {
+                valore = nome.substr(uguale + 1);
+                nome = nome.substr(0, uguale);
+                valoreDato = true;
+            }
+            d = TrovaLunga(nome);
+        } else if (a.size() == 2) {
+            d = TrovaBreve(a[1]);
+        }
+        if (d == nullptr) return "unknown option " + std::string(a);
+        if (d->valore.empty()) {
+            if (valoreDato) return "--" + std::string(d->lunga) + " takes no value";
+        } else if (!valoreDato) {
+            if (i + 1 >= argomenti.size()) return "--" + std::string(d->lunga) + " needs a value";
+            valore = argomenti[++i];
+        }
+        if (std::string errore = d->applica(opzioni, valore); !errore.empty()) return errore;
+    }
+    if (opzioni.aiuto || opzioni.versione || opzioni.elenco) return {};
+    if (opzioni.argomenti.empty()) return "missing SYMBOLOGY";
+    if (opzioni.argomenti.size() > 2) return "too many arguments (quote a CONTENT that holds blanks)";
+    return {};
+}
+
+std::string TestoAiuto() {
+    std::string t =
+        "Usage: krt-encode [options] SYMBOLOGY [CONTENT]\n"
+        "\n"
+        "Turns CONTENT into the glyph string that the barcode font draws for SYMBOLOGY.\n"
+        "Without CONTENT every line of standard input is encoded, one result per line.\n"
+        "\n"
+        "SYMBOLOGY is either a symbology code (C39, EAN13, UPCE, ADD5, C32HRC ...; see --list),\n"
+        "which gives exactly the engine's glyph string, or a display name in English or\n"
+        "Italian (\"EAN 13 Add-on 5\", \"Codice 39\"), which gives what the main window draws\n"
+        "for that entry: add-on split, ISBN check always on, Code 32 text line with --hrc.\n"
+        "Codes and names are matched ignoring case.\n"
+        "\n"
+        "Options:\n";
+    for (const auto& d : TabellaOpzioni()) {
+        std::string colonna = "  ";
+        colonna += d.breve != '\0' ? std::string{'-', d.breve} + ", " : "    ";
+        colonna += "--";
+        colonna += d.lunga;
+        if (!d.valore.empty()) colonna += "=" + std::string(d.valore);
+        colonna.resize(std::max<std::size_t>(colonna.size() + 1, 29), ' ');
+        t += colonna;
+        t += d.descrizione;
+        t += '\n';
+    }
+    t += "\n"
+         "Input lines end at LF (a CR before it is dropped). Content longer than\n" +
+         std::to_string(LunghezzaMassimaContenuto) +
+         " characters is refused.\n"
+         "A refused content gives an empty result and a reason on standard error; the\n"
+         "remaining lines are still encoded.\n"
+         "json keys: content, code, family, glyphs, codes, hrc (display names only; the text\n"
+         "of the HRC line, empty without --hrc), error.\n"
+         "\n"
+         "Exit status: 0 every content encoded, 1 some content refused, 2 usage error.\n";
+    return t;
+}
+
+}  // namespace krt

@@ -1,0 +1,156 @@
+// krt-encode end to end: the built program run through the shell.
+#include <gtest/gtest.h>
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+namespace {
+
+struct Esecuzione {
+    std::string uscita;
+    std::string errori;
+    int stato = -1;
+};
+
+std::string Quota(const std::string& s) {
+    std::string q = "'";
+    for (const char c : s) q += c == '\'' ? std::string("'\\''") : std::string(1, c);
+    return q + "'";
+}
+
+std::string Leggi(const std::filesystem::path& p) {
+    std::ifstream f(p, std::ios::binary);
+    return {std::istreambuf_iterator<char>(f), std::istreambuf_iterator<char>()};
+}
+
+// Runs krt-encode with the arguments and the given standard input.
+Esecuzione Esegui(const std::vector<std::string>& argomenti, const std::string& ingresso = "") {
+    static int contatore = 0;
+    const auto base = std::filesystem::temp_directory_path() /
+                      ("krt_encode_test_" + std::to_string(getpid()) + "_" + std::to_string(++contatore));
+    const auto fileIngresso = base.string() + ".in";
+    const auto fileErrori = base.string() + ".err";
+    std::ofstream(fileIngresso, std::ios::binary) << ingresso;
+
+    std::string comando = Quota(KRT_ENCODE);
+    for (const auto& a : argomenti) comando += " " + Quota(a);
+    comando += " <" + Quota(fileIngresso) + " 2>" + Quota(fileErrori);
+
+    Esecuzione e;
+    FILE* tubo = popen(comando.c_str(), "r");
+    if (tubo == nullptr) return e;
+    char blocco[4096];
+    for (std::size_t n; (n = fread(blocco, 1, sizeof blocco, tubo)) > 0;) e.uscita.append(blocco, n);
+    const int stato = pclose(tubo);
+    e.stato = WIFEXITED(stato) ? WEXITSTATUS(stato) : -1;
+    e.errori = Leggi(fileErrori);
+    std::filesystem::remove(fileIngresso);
+    std::filesystem::remove(fileErrori);
+    return e;
+}
+
+std::string Comando(const std::vector<std::string>& argomenti) {
+    std::string s;
+    for (const auto& a : argomenti) s += " " + Quota(a);
+    return s;
+}
+
+TEST(KrtEncode, Contratto) {
+    struct Riga {
+        std::vector<std::string> argomenti;
+        std::string ingresso;
+        std::string uscita;
+        int stato;
+        std::string errori;  // part of standard error ("" = must be empty)
+    } const righe[] = {
+        // symbology codes: the engine's glyph string
+        {{"c39", "abc"}, "", "#ABC#\n", 0, ""},
+        {{"--output=codes", "C128", "1234"}, "", "138 45 67 115 139\n", 0, ""},
+        {{"--output=codes", "E128", "10ABC"}, "", "137 135 50 49 66 67 68 112 139\n", 0, ""},
+        {{"C128", "ABC"}, "", "\xE2\x80\xB0" "BCD\"\xE2\x80\xB9\n", 0, ""},  // glyphs 137 and 139 in UTF-8
+        // a two-line result: two lines in text, CR LF kept in codes
+        {{"-c", "C32HRC", "12345678"}, "", "|*EWYUJV#\nA123456788\n", 0, ""},
+        {{"-c", "--output=codes", "C32HRC", "12345678"}, "",
+         "124 42 69 87 89 85 74 86 35 13 10 65 49 50 51 52 53 54 55 56 56\n", 0, ""},
+        // display names: the main window's rules
+        {{"--hrc", "-c", "Codice 32", "12345678"}, "", "|*EWYUJV#\nA123456788\n", 0, ""},
+        {{"Code 39", ""}, "", "\n", 1, "empty content"},
+        // batch: one result per line, in order; refusals leave an empty line and go on
+        {{"C39"}, "abc\nx y\n\nab\r\ncd", "#ABC#\n\n##\n#AB#\n#CD#\n", 1, "line 2: content not allowed for C39"},
+        {{"--output=codes", "C39"}, "", "", 0, ""},
+        // input encodings
+        {{"--output=codes", "C128"}, "\xE2\x82\xAC\n", "137 134 97 57 139\n", 0, ""},  // euro sign is NUL
+        {{"--output=codes", "--input-encoding=cp1252", "C128"}, "\x80\n", "137 134 97 57 139\n", 0, ""},
+        {{"C128"}, "\xC4\x81\nA\xFF\n", "\n\n", 1, "line 1: character U+0101 has no Windows-1252 code"},
+        {{"C128"}, "A\xFF\n", "\n", 1, "line 1: malformed UTF-8"},
+        // engine faults are reported like refusals
+        {{"C128"}, "ab\\qc\n1\n", "\n\xE2\x80\xB0" "23\xE2\x80\xB9\n", 1, "line 1: invalid escape sequence"},
+        {{"C39"}, std::string(20000, 'A') + "\nA\n", "\n#A#\n", 1, "line 1: content longer than 4096"},
+        // usage errors
+        {{}, "", "", 2, "missing SYMBOLOGY"},
+        {{"XYZ", "1"}, "", "", 2, "unknown symbology \"XYZ\""},
+        {{"--output=xml", "C39", "A"}, "", "", 2, "text, codes or json"},
+        {{"--bogus", "C39", "A"}, "", "", 2, "unknown option --bogus"},
+        {{"C39", "A", "B"}, "", "", 2, "too many arguments"},
+    };
+    for (const auto& r : righe) {
+        SCOPED_TRACE("krt-encode" + Comando(r.argomenti));
+        const Esecuzione e = Esegui(r.argomenti, r.ingresso);
+        EXPECT_EQ(e.stato, r.stato);
+        EXPECT_EQ(e.uscita, r.uscita);
+        if (r.errori.empty())
+            EXPECT_EQ(e.errori, "");
+        else
+            EXPECT_NE(e.errori.find(r.errori), std::string::npos) << e.errori;
+    }
+}
+
+TEST(KrtEncode, Json) {
+    const Esecuzione e = Esegui({"--output=json", "--hrc", "--style=Corto", "Code 39"}, "abc\n\xC4\x81\n");
+    EXPECT_EQ(e.stato, 1);
+    EXPECT_EQ(e.uscita,
+              "{\"content\":\"abc\",\"code\":\"C39\",\"family\":\"ORB39 Short\",\"glyphs\":\"#ABC#\","
+              "\"codes\":[35,65,66,67,35],\"hrc\":\"*ABC*\",\"error\":null}\n"
+              "{\"content\":\"\xC4\x81\",\"code\":\"C39\",\"family\":\"ORB39 Short\",\"glyphs\":\"\","
+              "\"codes\":[],\"hrc\":\"\",\"error\":\"character U+0101 has no Windows-1252 code\"}\n");
+
+    const Esecuzione codice = Esegui({"--output=json", "c32hrc", "-c", "12345678"});
+    EXPECT_EQ(codice.uscita,
+              "{\"content\":\"12345678\",\"code\":\"C32HRC\",\"family\":\"ORB32\",\"glyphs\":\"|*EWYUJV#\\r\\n"
+              "A123456788\",\"codes\":[124,42,69,87,89,85,74,86,35,13,10,65,49,50,51,52,53,54,55,56,56],"
+              "\"hrc\":null,\"error\":null}\n");
+}
+
+TEST(KrtEncode, NomeConAddOnEIsbn) {
+    // The add-on glyphs follow the main ones; the add-on check is forced, extra characters ignored.
+    const Esecuzione voce = Esegui({"-c", "ean 13 add-on 2", "400638133393129"});
+    const Esecuzione principale = Esegui({"-c", "EAN13", "400638133393"});
+    const Esecuzione addOn = Esegui({"ADD2", "12"});
+    ASSERT_EQ(voce.stato, 0) << voce.errori;
+    ASSERT_FALSE(addOn.uscita.empty());
+    EXPECT_EQ(voce.uscita, principale.uscita.substr(0, principale.uscita.size() - 1) + addOn.uscita);
+
+    // ISBN: the check is on even without -c; the text line stands above the bars.
+    const Esecuzione isbn = Esegui({"ISBN-10", "030640615"});
+    EXPECT_EQ(isbn.stato, 0);
+    EXPECT_EQ(isbn.uscita.substr(0, 17), "--$%.(%;.)%;&:.'\n");
+}
+
+TEST(KrtEncode, AiutoVersioneElenco) {
+    EXPECT_EQ(Esegui({"--version"}).uscita.rfind("krt-encode ", 0), 0u);
+    EXPECT_NE(Esegui({"--help"}).uscita.find("Usage: krt-encode"), std::string::npos);
+    const std::string elenco = Esegui({"--list"}).uscita;
+    for (const char* atteso : {"UPCE", "ADD5", "EAN 13 Add-on 5", "Codice 39 Full Ascii", "ORBDELTA DA"})
+        EXPECT_NE(elenco.find(atteso), std::string::npos) << atteso;
+    EXPECT_EQ(std::count(elenco.begin(), elenco.end(), '\n'), 37);  // header + 36 entries
+}
+
+}  // namespace
