@@ -1,1 +1,0 @@
-#include "wizard/catalogo_ai.h"
