@@ -1,6 +1,7 @@
 #include "wizard/frmean128wizard.h"
 
 #include <QApplication>
+#include <QFontDatabase>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -75,7 +76,9 @@ frmEan128Wizard::frmEan128Wizard(QWidget* parent)
     labValore->setBuddy(txtValore);
     labCodice->setBuddy(lstCodice);
     labDescrizione->setWordWrap(true);
-    lstAI->setMinimumWidth(420);
+    // A fixed pitch lines up the 4-character AI column of the catalogue texts.
+    lstAI->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    lstAI->setMinimumWidth(480);
     lstAI->setMinimumHeight(300);
     txtValore->setEnabled(false);
     txtValore->installEventFilter(this);
