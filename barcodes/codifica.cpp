@@ -71,7 +71,11 @@ std::string MSI(std::string& contenuto, bool checkDigit) {
 // Bars, then the human-readable line "A" + the digits.
 std::string Codice32ConTesto(std::string& contenuto, bool checkDigit) {
     if (checkDigit) contenuto = CalcolaCheck32(contenuto);
-    return "|" + CodificaCodice32(contenuto) + "\r\nA" + contenuto;
+    std::string risultato = "|";
+    risultato += CodificaCodice32(contenuto);
+    risultato += "\r\nA";
+    risultato += contenuto;
+    return risultato;
 }
 
 std::string Code128(std::string& contenuto, bool) { return CodificaCode128(contenuto); }
@@ -146,7 +150,7 @@ std::string CodificaBarcode(std::string contenuto, std::string codice, bool chec
     for (char& c : codice) c = InMaiuscolo(c);
     if (!ValidaCodice(contenuto, codice, checkDigit)) return {};
     for (const auto& s : Simbologie)
-        if (s.codice == codice) return s.codifica(contenuto, checkDigit);
+        if (StessoCodice(s.codice, codice)) return s.codifica(contenuto, checkDigit);
     return {};
 }
 

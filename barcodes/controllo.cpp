@@ -33,10 +33,15 @@ long long SommaPesata93(std::string_view testo, int pesoMassimo) {
 
 }  // namespace
 
+// The rightmost digit always weighs 3 for the lengths in use (7, 11, 12).
 std::string CalcolaCheckEAN(std::string_view contenuto) {
     int dispari = 0, pari = 0;
-    for (std::size_t i = 0; i < contenuto.size(); ++i)
-        (i % 2 == 0 ? dispari : pari) += ValoreCifra(contenuto[i]);
+    std::size_t i = 0;
+    for (; i + 1 < contenuto.size(); i += 2) {
+        dispari += ValoreCifra(contenuto[i]);
+        pari += ValoreCifra(contenuto[i + 1]);
+    }
+    if (i < contenuto.size()) dispari += ValoreCifra(contenuto[i]);
     const int totale = contenuto.size() == 12 ? 3 * pari + dispari : 3 * dispari + pari;
     std::string risultato(contenuto);
     risultato += static_cast<char>('0' + (10 - totale % 10) % 10);

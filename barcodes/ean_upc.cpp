@@ -71,15 +71,15 @@ std::string CodificaAddOn(std::string_view cifre, std::string_view parita) {
 
 std::string CodificaEAN13(std::string_view cifre) {
     if (!CifreEsatte(cifre, 13)) return {};
-    std::string risultato;
-    risultato.reserve(16);
-    risultato += cifre[0];
-    risultato += GuardiaNormale;
-    AggiungiConParita(risultato, cifre.substr(1, 6), ParitaEAN13[ValoreCifra(cifre[0])], SetA, SetB);
-    risultato += GuardiaCentrale;
-    AggiungiInSet(risultato, cifre.substr(7, 6), SetC);
-    risultato += GuardiaNormale;
-    return risultato;
+    const std::string_view parita = ParitaEAN13[ValoreCifra(cifre[0])];
+    char glifi[16];
+    glifi[0] = cifre[0];
+    glifi[1] = GuardiaNormale;
+    for (std::size_t i = 0; i < 6; ++i) glifi[2 + i] = Glifo(parita[i] == 'A' ? SetA : SetB, cifre[1 + i]);
+    glifi[8] = GuardiaCentrale;
+    for (std::size_t i = 0; i < 6; ++i) glifi[9 + i] = Glifo(SetC, cifre[7 + i]);
+    glifi[15] = GuardiaNormale;
+    return std::string(glifi, sizeof glifi);
 }
 
 std::string CodificaEAN8(std::string_view cifre) {

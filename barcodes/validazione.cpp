@@ -32,7 +32,7 @@ constexpr std::array<Lunghezza, 12> LunghezzeFisse = {{
 
 std::size_t LunghezzaFissa(std::string_view codice, bool checkDigit) {
     for (const auto& l : LunghezzeFisse)
-        if (l.codice == codice) return checkDigit ? l.conCheck : l.senzaCheck;
+        if (StessoCodice(l.codice, codice)) return checkDigit ? l.conCheck : l.senzaCheck;
     return 0;
 }
 
@@ -49,8 +49,8 @@ std::string Maiuscolo(std::string_view testo) {
 
 // Digits only, no longer than L, zero-filled on the left up to L.
 bool RegolaLunghezzaFissa(std::string& contenuto, std::size_t lunghezza) {
-    if (!SoloCifre(contenuto) || contenuto.size() > lunghezza) return false;
-    contenuto = RiempiSinistra(contenuto, lunghezza, "0");
+    if (contenuto.size() > lunghezza || !SoloCifre(contenuto)) return false;
+    if (contenuto.size() < lunghezza) contenuto.insert(0, lunghezza - contenuto.size(), '0');
     return true;
 }
 
@@ -160,12 +160,12 @@ constexpr std::array<Regola, 29> Regole = {{
 
 bool ValidaCodice(std::string& contenuto, std::string_view codice, bool checkDigit) {
     for (const auto& r : Regole)
-        if (r.codice == codice) return r.valida(contenuto, codice, checkDigit);
+        if (StessoCodice(r.codice, codice)) return r.valida(contenuto, codice, checkDigit);
     return true;
 }
 
 bool SoloCifre(std::string_view testo) {
-    return std::all_of(testo.begin(), testo.end(), IsDigit);
+    return std::all_of(testo.begin(), testo.end(), [](char c) { return IsDigit(c); });
 }
 
 std::string RiempiSinistra(std::string_view testo, std::size_t lunghezza, std::string_view riempimento) {

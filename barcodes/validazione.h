@@ -9,6 +9,14 @@ namespace krt {
 constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 constexpr char InMaiuscolo(char c) { return (c >= 'a' && c <= 'z') ? static_cast<char>(c - 'a' + 'A') : c; }
 constexpr char InMinuscolo(char c) { return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c; }
+// Exact comparison of two short keys (symbology codes), written out so that a table
+// lookup costs a few instructions per row instead of a library call.
+constexpr bool StessoCodice(std::string_view a, std::string_view b) {
+    if (a.size() != b.size()) return false;
+    for (std::size_t i = 0; i < a.size(); ++i)
+        if (a[i] != b[i]) return false;
+    return true;
+}
 // Value of a digit character, 0 for any other character.
 constexpr int ValoreCifra(char c) { return IsDigit(c) ? c - '0' : 0; }
 

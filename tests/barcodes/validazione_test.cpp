@@ -96,7 +96,9 @@ TEST(Validazione, AcceptsAndNormalises) {
         std::string contenuto = c.contenuto;
         const bool accettato = krt::ValidaCodice(contenuto, c.codice, c.check);
         EXPECT_EQ(accettato, c.accettato) << c.codice << (c.check ? " +check" : "") << " \"" << c.contenuto << "\"";
-        if (accettato && c.accettato) EXPECT_EQ(contenuto, c.normalizzato) << c.codice << " \"" << c.contenuto << "\"";
+        if (accettato && c.accettato) {
+            EXPECT_EQ(contenuto, c.normalizzato) << c.codice << " \"" << c.contenuto << "\"";
+        }
     }
 }
 
