@@ -23,32 +23,6 @@ TEST(Catalogo, EntriesInIdOrder) {
     }
 }
 
-TEST(Catalogo, SampleRows) {
-    const struct {
-        std::size_t indice;
-        std::string_view inglese, italiano, codice;
-        int addOn;
-        std::string_view famiglia;
-    } righe[] = {
-        {0, "Code 39", "Codice 39", "C39", 0, "ORB39"},
-        {10, "Code 32", "Codice 32", "C32", 0, "ORB32"},
-        {14, "EAN 8 Add-on 5", "EAN 8 Add-on 5", "EAN8", 5, "ORBEAN"},
-        {22, "UPC-E Add-on 2", "UPC-E Add-on 2", "UPCE", 2, "ORBEAN"},
-        {27, "Code CIP", "Codice CIP", "CIP", 0, "ORB39"},
-        {29, "Delta-Distance A", "Delta-Distance A", "DELTA", 0, "ORBDELTA DA"},
-        {30, "2 of 5 Inverted", "2 di 5 Invertito", "C25INV", 0, "ORB25 INV"},
-        {35, "ISBN-13", "ISBN-13", "ISBN13", 0, "ORBEAN"},
-    };
-    for (const auto& r : righe) {
-        const auto& v = krt::Catalogo[r.indice];
-        EXPECT_EQ(v.inglese, r.inglese);
-        EXPECT_EQ(v.italiano, r.italiano);
-        EXPECT_EQ(v.codice, r.codice);
-        EXPECT_EQ(v.addOn, r.addOn);
-        EXPECT_EQ(v.famiglia, r.famiglia);
-    }
-}
-
 TEST(Catalogo, FontFamilyByStyle) {
     const struct {
         std::string_view base, stile, atteso;
