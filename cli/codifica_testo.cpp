@@ -19,6 +19,34 @@ constexpr std::array<char16_t, 32> Cp1252Alto{
 
 constexpr char32_t NonValido = 0xFFFFFFFF;
 
+// UTF-8 form of every byte 0x80-0xFF, built once from the table above.
+struct Utf8Alto {
+    std::array<char, 3> byte;
+    std::size_t lunghezza;
+};
+constexpr std::array<Utf8Alto, 128> CostruisciUtf8Alto() {
+    std::array<Utf8Alto, 128> t{};
+    for (std::size_t k = 0; k < t.size(); ++k) {
+        const char32_t cp = k < 32 ? Cp1252Alto[k] : static_cast<char32_t>(0x80 + k);
+        if (cp < 0x800) {
+            t[k] = {{static_cast<char>(0xC0 | (cp >> 6)), static_cast<char>(0x80 | (cp & 0x3F)), 0}, 2};
+        } else {
+            t[k] = {{static_cast<char>(0xE0 | (cp >> 12)), static_cast<char>(0x80 | ((cp >> 6) & 0x3F)),
+                     static_cast<char>(0x80 | (cp & 0x3F))},
+                    3};
+        }
+    }
+    return t;
+}
+constexpr std::array<Utf8Alto, 128> TabellaUtf8Alto = CostruisciUtf8Alto();
+
+// Length of the leading run of ASCII bytes, which both encodings write alike.
+std::size_t LunghezzaAscii(std::string_view testo) {
+    std::size_t n = 0;
+    while (n < testo.size() && static_cast<unsigned char>(testo[n]) < 0x80) ++n;
+    return n;
+}
+
 void AccodaPuntoCodice(std::string& uscita, char32_t cp) {
     if (cp < 0x80) {
         uscita += static_cast<char>(cp);
@@ -90,14 +118,14 @@ int ByteCp1252(char32_t cp) {
 }  // namespace
 
 void AccodaCp1252InUtf8(std::string& uscita, std::string_view byte) {
-    for (const char c : byte) {
-        const auto b = static_cast<unsigned char>(c);
-        if (b < 0x80)
-            uscita += c;
-        else if (b < 0xA0)
-            AccodaPuntoCodice(uscita, Cp1252Alto[b - 0x80]);
-        else
-            AccodaPuntoCodice(uscita, b);
+    std::size_t i = 0;
+    while (i < byte.size()) {
+        const std::size_t ascii = LunghezzaAscii(byte.substr(i));
+        uscita.append(byte.substr(i, ascii));
+        i += ascii;
+        if (i == byte.size()) break;
+        const Utf8Alto& u = TabellaUtf8Alto[static_cast<unsigned char>(byte[i++]) - 0x80];
+        uscita.append(u.byte.data(), u.lunghezza);
     }
 }
 
@@ -106,6 +134,10 @@ bool Utf8InCp1252(std::string_view testo, std::string& uscita, std::string& erro
     uscita.reserve(testo.size());
     std::size_t i = 0;
     while (i < testo.size()) {
+        const std::size_t ascii = LunghezzaAscii(testo.substr(i));
+        uscita.append(testo.substr(i, ascii));
+        i += ascii;
+        if (i == testo.size()) break;
         const std::size_t inizio = i;
         const char32_t cp = LeggiUtf8(testo, i);
         if (cp == NonValido) {
