@@ -1,10 +1,11 @@
 #include <QApplication>
-#include <QLabel>
+
+#include "mainwindow/frmprincipale.h"
 
 int main(int argc, char* argv[]) {
     QApplication app(argc, argv);
-    QLabel label(QStringLiteral("KRT"));
-    label.resize(320, 120);
-    label.show();
+    krt::frmPrincipale finestra;
+    finestra.Avvia();
+    finestra.show();
     return app.exec();
 }

@@ -1,1 +1,0 @@
-#include "mainwindow/voce.h"
