@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <cstdio>
+#include <cstring>
 
 namespace krt {
 
@@ -41,8 +42,14 @@ constexpr std::array<Utf8Alto, 128> CostruisciUtf8Alto() {
 constexpr std::array<Utf8Alto, 128> TabellaUtf8Alto = CostruisciUtf8Alto();
 
 // Length of the leading run of ASCII bytes, which both encodings write alike.
+// Eight bytes at a time: batch lines are mostly ASCII.
 std::size_t LunghezzaAscii(std::string_view testo) {
     std::size_t n = 0;
+    for (; n + 8 <= testo.size(); n += 8) {
+        std::uint64_t otto;
+        std::memcpy(&otto, testo.data() + n, 8);
+        if ((otto & 0x8080808080808080ULL) != 0) break;
+    }
     while (n < testo.size() && static_cast<unsigned char>(testo[n]) < 0x80) ++n;
     return n;
 }
@@ -118,15 +125,23 @@ int ByteCp1252(char32_t cp) {
 }  // namespace
 
 void AccodaCp1252InUtf8(std::string& uscita, std::string_view byte) {
-    std::size_t i = 0;
-    while (i < byte.size()) {
-        const std::size_t ascii = LunghezzaAscii(byte.substr(i));
-        uscita.append(byte.substr(i, ascii));
-        i += ascii;
-        if (i == byte.size()) break;
-        const Utf8Alto& u = TabellaUtf8Alto[static_cast<unsigned char>(byte[i++]) - 0x80];
-        uscita.append(u.byte.data(), u.lunghezza);
+    const std::size_t ascii = LunghezzaAscii(byte);
+    uscita.append(byte.substr(0, ascii));
+    if (ascii == byte.size()) return;
+    // At most three UTF-8 bytes per byte: write in place, then cut to what was written.
+    const std::size_t inizio = uscita.size();
+    uscita.resize(inizio + 3 * (byte.size() - ascii));
+    char* p = uscita.data() + inizio;
+    for (const char c : byte.substr(ascii)) {
+        const auto b = static_cast<unsigned char>(c);
+        if (b < 0x80) {
+            *p++ = c;
+        } else {
+            const Utf8Alto& u = TabellaUtf8Alto[b - 0x80];
+            for (std::size_t k = 0; k < u.lunghezza; ++k) *p++ = u.byte[k];
+        }
     }
+    uscita.resize(static_cast<std::size_t>(p - uscita.data()));
 }
 
 bool Utf8InCp1252(std::string_view testo, std::string& uscita, std::string& errore) {

@@ -76,7 +76,6 @@ bool RisolviSimbologia(std::string_view testo, std::string_view stile, Simbologi
 
 RisultatoRiga CodificaRiga(const Simbologia& simbologia, const OpzioniCli& opzioni, std::string_view riga) {
     RisultatoRiga r;
-    r.codice = simbologia.codice;
     std::string contenuto;
     if (opzioni.ingresso == CodificaIngresso::Cp1252) {
         contenuto = riga;
@@ -134,7 +133,7 @@ void AccodaRisultato(std::string& uscita, const Simbologia& simbologia, const Ri
             uscita += "{\"content\":";
             AccodaStringaJson(uscita, r.contenuto);
             uscita += ",\"code\":";
-            AccodaStringaJson(uscita, r.codice);
+            AccodaStringaJson(uscita, r.codice.empty() ? simbologia.codice : r.codice);
             uscita += ",\"family\":";
             AccodaStringaJson(uscita, simbologia.famiglia);
             uscita += ",\"glyphs\":";

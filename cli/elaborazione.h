@@ -22,7 +22,7 @@ bool RisolviSimbologia(std::string_view testo, std::string_view stile, Simbologi
 
 struct RisultatoRiga {
     std::string contenuto;  // the content as read, in UTF-8 (json only)
-    std::string codice;     // code the content was encoded with
+    std::string codice;     // code the content was encoded with, when not the symbology's own
     std::string glifi;      // Windows-1252 glyph string, "" when refused
     std::string hrc;        // Windows-1252 HRC text (display names only)
     std::string errore;     // one-line reason, "" when the content was encoded
