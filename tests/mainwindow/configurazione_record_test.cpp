@@ -78,21 +78,7 @@ TEST(RecordConfigurazione, TestiTagliatiOCompletatiConSpazi) {
     EXPECT_EQ(r[174], 0xE9);
     EXPECT_EQ(r[175], ' ');
     EXPECT_EQ(r[237], ' ');
-    EXPECT_EQ(c.Stile.Rifilato(), "\xE9");
     EXPECT_EQ(krt::TestoFisso<8>("  a b ").Rifilato(), "a b");
-    EXPECT_EQ(krt::TestoFisso<8>().Rifilato(), "");
-}
-
-TEST(RecordConfigurazione, Predefiniti) {
-    Configurazione c = Esempio();
-    krt::ApplicaPredefiniti(c, "Normale");
-    EXPECT_EQ(c.NomeFontHRC.Rifilato(), "Courier");
-    EXPECT_EQ(c.DimensioneHRC, 10);
-    EXPECT_EQ(c.GrassettoHRC | c.CorsivoHRC | c.BarratoHRC | c.SottolineatoHRC | c.HRC | c.CheckDigit, 0);
-    EXPECT_EQ(c.Dimensione, 100);
-    EXPECT_EQ(c.Simbologia.Rifilato(), "");
-    EXPECT_EQ(c.Stile.Rifilato(), "Normale");
-    EXPECT_EQ(c.CheckDigitInHRC, krt::kVero);  // left as it was
 }
 
 // A record cut after n bytes: the fields wholly inside are read, the others keep the default.

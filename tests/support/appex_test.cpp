@@ -48,15 +48,6 @@ TEST(AppExOSVersion, OgniInfo) {
     for (const auto& c : casi) EXPECT_EQ(app.OSVersion(c.id), c.atteso) << "info " << c.id;
 }
 
-TEST(AppExOSVersion, ServerNonEWorkstation) {
-    VersioneSO v = VersioneWindows(10, 0);
-    v.tipoProdotto = 3;
-    EXPECT_EQ(AppEx(v).OSVersion(8), QVariant(true));  // 3 has its lowest bit set, as the rule reads
-    v.tipoProdotto = 2;
-    EXPECT_EQ(AppEx(v).OSVersion(8), QVariant(false));
-    EXPECT_EQ(AppEx(v).OSVersion(7), QVariant(10.0f));
-}
-
 TEST(AppExOSVersion, ErroreDellaInterrogazione) {
     const AppEx app(VersioneWindows(5, 1), 87);
     for (int info : {0, 7, 9}) {

@@ -4,7 +4,6 @@
 
 #include <QFile>
 #include <QLabel>
-#include <QListWidget>
 #include <QTemporaryDir>
 
 #include "support/frmsplash.h"
@@ -29,15 +28,6 @@ TEST(CaricaFont, SoloFamiglieORB) {
     };
     for (const auto& c : casi)
         EXPECT_EQ(krt::FiltraFamiglieBarcode(c.famiglie), c.barcode) << c.famiglie.join(u',').toStdString();
-}
-
-TEST(CaricaFont, RiempieLaListaConLeFamiglieInstallate) {
-    QListWidget lista;
-    lista.addItem(QStringLiteral("already there"));
-    krt::CaricaFont(lista);
-    const QStringList installate = krt::FamiglieBarcodeInstallate();
-    ASSERT_EQ(lista.count(), 1 + installate.size());
-    for (int i = 0; i < installate.size(); ++i) EXPECT_EQ(lista.item(i + 1)->text(), installate[i]);
 }
 
 TEST(CancellaFile, IgnoraOgniErrore) {
