@@ -25,6 +25,8 @@ struct OpzioniCli {
     bool aiuto = false;
     bool versione = false;
     bool elenco = false;
+    std::vector<std::string> ai;         // --ai AI=VALUE, in order (see cli/gs1.h)
+    bool gs1Ingresso = false;            // --gs1-input
     std::vector<std::string> argomenti;  // SYMBOLOGY [CONTENT]
 };
 
