@@ -12,8 +12,10 @@ FUZZ_SECONDS ?= 60
 PACKAGES := g++ cmake make pkg-config qt6-base-dev libgl-dev libgtest-dev libgmock-dev libbenchmark-dev
 FUZZ_PACKAGES := clang libclang-rt-dev
 BENCH_PACKAGES := zint time
+PACKAGE_PACKAGES := dpkg-dev file
+PREFIX ?= /usr/local
 
-.PHONY: all deps build run test test-asan bench fuzz clean
+.PHONY: all deps build run test test-asan bench fuzz install package clean
 
 all: build
 
@@ -57,6 +59,17 @@ fuzz:
 	cmake --build $(BUILD_FUZZ) -j $(JOBS) --target fuzz_engine
 	mkdir -p $(BUILD_FUZZ)/corpus
 	./$(BUILD_FUZZ)/fuzz/fuzz_engine -max_total_time=$(FUZZ_SECONDS) -timeout=5 $(BUILD_FUZZ)/corpus fuzz/corpus
+
+install: build
+	cmake --install $(BUILD) --prefix $(PREFIX)
+
+# Debian package (krt_<version>_<arch>.deb in the build folder), installed with apt-get install ./krt_*.deb
+package:
+	$(MAKE) --no-print-directory build EXTRA_PACKAGES="$(PACKAGE_PACKAGES)"
+	cmake -S . -B $(BUILD) -DCMAKE_INSTALL_PREFIX=/usr
+	cmake --build $(BUILD) -j $(JOBS)
+	cd $(BUILD) && cpack -G DEB
+	@ls -1 $(BUILD)/krt_*.deb
 
 clean:
 	rm -rf $(BUILD) $(BUILD_ASAN) $(BUILD_FUZZ)
