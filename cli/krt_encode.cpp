@@ -5,6 +5,7 @@
 
 #include "cli/elaborazione.h"
 #include "cli/flusso.h"
+#include "cli/gs1.h"
 #include "cli/opzioni.h"
 
 #ifdef _WIN32
@@ -52,6 +53,8 @@ int main(int argc, char** argv) {
     krt::Simbologia simbologia;
     if (!krt::RisolviSimbologia(opzioni.argomenti[0], opzioni.stile, simbologia))
         return ErroreUso("unknown symbology \"" + opzioni.argomenti[0] + "\" (see --list)");
+    if (const std::string errore = krt::ControllaOpzioniGS1(simbologia, opzioni); !errore.empty())
+        return ErroreUso(errore);
 
     krt::Scrittore uscita(DescrittoreUscita);
     krt::Scrittore errori(DescrittoreErrori);
@@ -71,8 +74,10 @@ int main(int argc, char** argv) {
         errori.Forse();
     };
 
-    if (opzioni.argomenti.size() == 2) {
-        scrivi(krt::CodificaRiga(simbologia, opzioni, opzioni.argomenti[1]), 0);
+    if (!opzioni.ai.empty()) {
+        scrivi(krt::CodificaElementiAI(simbologia, opzioni), 0);
+    } else if (opzioni.argomenti.size() == 2) {
+        scrivi(krt::CodificaContenuto(simbologia, opzioni, opzioni.argomenti[1]), 0);
     } else {
         krt::LettoreRighe lettore(DescrittoreIngresso, LunghezzaMassimaRiga, [&] {
             uscita.Scarica();
@@ -86,7 +91,7 @@ int main(int argc, char** argv) {
                 r.errore = "content longer than " + std::to_string(krt::LunghezzaMassimaContenuto) + " characters";
                 scrivi(r, numero);
             } else {
-                scrivi(krt::CodificaRiga(simbologia, opzioni, riga), numero);
+                scrivi(krt::CodificaContenuto(simbologia, opzioni, riga), numero);
             }
         }
     }

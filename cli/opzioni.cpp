@@ -14,6 +14,8 @@ std::string Stile(OpzioniCli& o, std::string_view v) { o.stile = v; return {}; }
 std::string Aiuto(OpzioniCli& o, std::string_view) { o.aiuto = true; return {}; }
 std::string Versione(OpzioniCli& o, std::string_view) { o.versione = true; return {}; }
 std::string Elenco(OpzioniCli& o, std::string_view) { o.elenco = true; return {}; }
+std::string AI(OpzioniCli& o, std::string_view v) { o.ai.emplace_back(v); return {}; }
+std::string IngressoGS1(OpzioniCli& o, std::string_view) { o.gs1Ingresso = true; return {}; }
 
 std::string Uscita(OpzioniCli& o, std::string_view v) {
     if (v == "text") o.formato = FormatoUscita::Testo;
@@ -43,6 +45,12 @@ constexpr DefinizioneOpzione Opzioni[] = {
                                "                             json: one object per line",
      Uscita},
     {'\0', "input-encoding", "ENC", "utf8 (default) or cp1252 (raw Windows-1252 bytes)", Ingresso},
+    {'\0', "ai", "AI=VALUE", "EAN 128: one element string, composed as the GS1-128 wizard does;\n"
+                              "                             repeat for more, in order; no CONTENT",
+     AI},
+    {'\0', "gs1-input", "", "EAN 128: each content line is \"(AI)VALUE(AI)VALUE...\", composed\n"
+                             "                             as by --ai",
+     IngressoGS1},
     {'\0', "list", "", "list the symbologies: code, add-on, English and Italian name, family", Elenco},
     {'h', "help", "", "show this help", Aiuto},
     {'\0', "version", "", "show the version", Versione},
