@@ -211,6 +211,8 @@ int ScegliSetCode128(std::string_view resto) {
 }
 
 std::vector<std::uint8_t> ValoriCode128(std::string_view decodificato) {
+    for (char c : decodificato)
+        if (static_cast<unsigned char>(c) > 132) return {};  // not encodable
     return Codificatore(decodificato).Valori();
 }
 

@@ -14,8 +14,8 @@ std::string CodificaCode128(std::string& contenuto);
 // 103 (set A), 104 (set B) or 105 (set C): the set in which the rest is best begun.
 int ScegliSetCode128(std::string_view resto);
 
-// Symbol values of decoded content (every code at most 132), from the start
-// character on, without the check character.
+// Symbol values of decoded content from the start character on, without the check
+// character; empty when a code is above 132.
 std::vector<std::uint8_t> ValoriCode128(std::string_view decodificato);
 
 // Appends the modulo 103 check value to the values, maps them to glyphs and adds
