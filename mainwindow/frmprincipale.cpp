@@ -420,6 +420,10 @@ void frmPrincipale::Avvia() {
 }
 
 void frmPrincipale::ApplicaConfigurazione() {
+    // Setting a control runs its handler, which stores what the control shows:
+    // the texts to select are read before any of that.
+    const QString simbologia = DaWindows1252(configurazione_.Simbologia.Rifilato());
+    const QString stile = DaWindows1252(configurazione_.Stile.Rifilato());
     chkDigit->setChecked(configurazione_.CheckDigit != 0);
     chkHRC->setChecked(configurazione_.HRC != 0);
     mnuIncludiCheckDigit->setChecked(configurazione_.CheckDigitInHRC != 0);
@@ -427,10 +431,10 @@ void frmPrincipale::ApplicaConfigurazione() {
     const QString dimensione = QString::number(configurazione_.Dimensione);
     if (txtDimensione->text() != dimensione) txtDimensione->setText(dimensione);
     // A text not in the list (stored in the other language) leaves the list unselected.
-    const int simbologia = cmbSimbologia->findText(DaWindows1252(configurazione_.Simbologia.Rifilato()));
-    if (simbologia >= 0) cmbSimbologia->setCurrentIndex(simbologia);
-    const int stile = cmbStile->findText(DaWindows1252(configurazione_.Stile.Rifilato()));
-    if (stile >= 0) cmbStile->setCurrentIndex(stile);
+    const int indiceSimbologia = cmbSimbologia->findText(simbologia);
+    if (indiceSimbologia >= 0) cmbSimbologia->setCurrentIndex(indiceSimbologia);
+    const int indiceStile = cmbStile->findText(stile);
+    if (indiceStile >= 0) cmbStile->setCurrentIndex(indiceStile);
 }
 
 // ---- Language -----------------------------------------------------------------------------
@@ -516,7 +520,9 @@ void frmPrincipale::AggiornaAttributi() {
     cmbStile->setEnabled(riga.stileAttivo);
     // The style first, so that the option boxes below already run their cycles
     // with a style selected.
-    cmbStile->setCurrentIndex(ricordato > cmbStile->count() - 1 ? 0 : ricordato);
+    // A list that had no selection (the first entry chosen after start-up or a
+    // language switch) starts from the first style too.
+    cmbStile->setCurrentIndex(ricordato > cmbStile->count() - 1 || ricordato < 0 ? 0 : ricordato);
 
     switch (riga.regola) {
     case RegolaOpzioni::Libera:
@@ -605,15 +611,15 @@ bool frmPrincipale::GeneraAnteprima(bool SoloVerifica) {
     opzioni.stile = stile;
     opzioni.testoHRC = testoHRC_;
 
+    // The check also encodes: a content that validates but makes the engine
+    // fail (a bad escape, a check sum overflow) is refused here too, so that an
+    // option change stays silent and only Enter reports it.
     QString dettaglio;
     try {
-        ParteVoce parti;
-        const bool accettato = contenuto && ValidaVoce(*voce, *contenuto, opzioni.checkDigit, parti);
-        if (accettato && SoloVerifica) return true;
-        if (accettato) {
+        if (contenuto) {
             const GenerazioneVoce generazione = GeneraVoce(*voce, *contenuto, opzioni);
             if (generazione.accettato) {
-                ScriviAnteprima(generazione.glifi, generazione.famiglia, generazione.hrc);
+                if (!SoloVerifica) ScriviAnteprima(generazione.glifi, generazione.famiglia, generazione.hrc);
                 return true;
             }
         }

@@ -1,0 +1,528 @@
+// The main window driven offscreen: generate cycle, preview, clipboard, options
+// file, languages, hints, fonts, wizard hand-back.
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <optional>
+
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QComboBox>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMimeData>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTextBlock>
+#include <QTextEdit>
+#include <QToolButton>
+
+#include "barcodes/codifica.h"
+#include "barcodes/controllo.h"
+#include "mainwindow/configurazione.h"
+#include "mainwindow/frmprincipale.h"
+#include "mainwindow/informazioni.h"
+#include "support/cp1252.h"
+#include "support/stringhe.h"
+
+// Readable failures: QString as text, not as a list of QChar.
+void PrintTo(const QString& testo, std::ostream* os) { *os << '"' << testo.toStdString() << '"'; }
+
+namespace {
+
+using namespace krt;
+
+struct Messaggio {
+    QMessageBox::Icon icona;
+    QString titolo, testo, dettaglio;
+};
+
+// One paragraph of the preview with the format of its first character.
+struct Paragrafo {
+    QString testo;
+    QString famiglia;
+    double punti = 0;
+    bool grassetto = false;
+};
+
+class Finestra : public ::testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(cartella.isValid());
+        ImpostaCartellaDati(cartella.path());
+        ImpostaOffsetLingua(kOffsetInglese);
+        Apri();
+    }
+    void TearDown() override {
+        finestra.reset();
+        ImpostaOffsetLingua(kOffsetInglese);
+    }
+
+    // A new window on the same data folder, as at a restart.
+    void Apri() {
+        finestra.reset();
+        ServiziFinestra servizi;
+        servizi.messaggio = [this](QMessageBox::Icon i, const QString& t, const QString& x, const QString& d) {
+            messaggi.push_back({i, t, x, d});
+        };
+        servizi.apriDocumento = [this](const QString& percorso) {
+            documenti.push_back(percorso);
+            return true;
+        };
+        servizi.scegliFont = [this](const QFont&) { return fontScelto; };
+        servizi.wizard = [this](std::string& contenuto, std::string& hrc) {
+            if (!risultatoWizard) return false;
+            contenuto = risultatoWizard->first;
+            hrc = risultatoWizard->second;
+            return true;
+        };
+        finestra = std::make_unique<frmPrincipale>(servizi);
+        finestra->Avvia();
+        txtCodice = Figlio<QLineEdit>("txtCodice");
+        txtDimensione = Figlio<QLineEdit>("txtDimensione");
+        cmbSimbologia = Figlio<QComboBox>("cmbSimbologia");
+        cmbStile = Figlio<QComboBox>("cmbStile");
+        chkHRC = Figlio<QCheckBox>("chkHRC");
+        chkDigit = Figlio<QCheckBox>("chkDigit");
+        rtfContenuto = Figlio<QTextEdit>("rtfContenuto");
+        labAttributi = Figlio<QLabel>("labAttributi");
+        labFont = Figlio<QLabel>("labFont");
+        labAvvisoFont = Figlio<QLabel>("labAvvisoFont");
+        imgWizard = Figlio<QToolButton>("imgWizard");
+    }
+
+    template <class T>
+    T* Figlio(const char* nome) {
+        auto* figlio = finestra->findChild<T*>(QLatin1String(nome));
+        EXPECT_NE(figlio, nullptr) << nome;
+        return figlio;
+    }
+    QAction* Azione(const char* nome) { return Figlio<QAction>(nome); }
+
+    void Scegli(QComboBox* combo, const QString& testo) {
+        const int indice = combo->findText(testo);
+        ASSERT_GE(indice, 0) << testo.toStdString();
+        combo->setCurrentIndex(indice);
+    }
+    void Voce(const char* nome) { Scegli(cmbSimbologia, QString::fromUtf8(nome)); }
+    void Stile(const char* nome) { Scegli(cmbStile, QString::fromUtf8(nome)); }
+    void Spunta(QCheckBox* box, bool valore) {
+        if (box->isChecked() != valore) box->click();
+    }
+    // Types the content and presses Enter in the content box.
+    void Invio(const QString& contenuto) {
+        txtCodice->setText(contenuto);
+        QTest::keyClick(txtCodice, Qt::Key_Return);
+    }
+
+    std::vector<Paragrafo> Anteprima() const {
+        std::vector<Paragrafo> paragrafi;
+        for (QTextBlock b = rtfContenuto->document()->begin(); b.isValid(); b = b.next()) {
+            Paragrafo p;
+            p.testo = b.text();
+            const QTextCharFormat f = b.begin().atEnd() ? b.charFormat() : b.begin().fragment().charFormat();
+            p.famiglia = f.font().family();
+            p.punti = f.fontPointSize();
+            p.grassetto = f.font().bold();
+            paragrafi.push_back(p);
+        }
+        return paragrafi;
+    }
+
+    QString FileConfigurazione() const { return cartella.filePath(QStringLiteral("KRT.CFG")); }
+    QString Marcatore() const { return cartella.filePath(QStringLiteral("ITALIANO.LNG")); }
+
+    static QString Glifi(const std::string& contenuto, const std::string& codice, bool check) {
+        return DaWindows1252(CodificaBarcode(contenuto, codice, check)).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    }
+
+    QTemporaryDir cartella;
+    std::unique_ptr<frmPrincipale> finestra;
+    std::vector<Messaggio> messaggi;
+    std::vector<QString> documenti;
+    std::optional<QFont> fontScelto;
+    std::optional<std::pair<std::string, std::string>> risultatoWizard;
+
+    QLineEdit* txtCodice = nullptr;
+    QLineEdit* txtDimensione = nullptr;
+    QComboBox* cmbSimbologia = nullptr;
+    QComboBox* cmbStile = nullptr;
+    QCheckBox* chkHRC = nullptr;
+    QCheckBox* chkDigit = nullptr;
+    QTextEdit* rtfContenuto = nullptr;
+    QLabel* labAttributi = nullptr;
+    QLabel* labFont = nullptr;
+    QLabel* labAvvisoFont = nullptr;
+    QToolButton* imgWizard = nullptr;
+};
+
+TEST_F(Finestra, PrimoAvvio) {
+    EXPECT_EQ(txtDimensione->text(), "100");
+    EXPECT_EQ(labFont->text(), "Courier (10 punti)");
+    EXPECT_EQ(cmbSimbologia->count(), 36);
+    EXPECT_EQ(cmbSimbologia->currentIndex(), -1);
+    EXPECT_FALSE(QFile::exists(FileConfigurazione())) << "nothing is saved before the first change";
+    EXPECT_TRUE(Figlio<QListWidget>("lstFont")->isHidden());
+    EXPECT_TRUE(Azione("mnuLinguaEnglish")->isChecked());
+    EXPECT_EQ(Figlio<QLabel>("labCodice")->text(), "&Code:");
+    EXPECT_EQ(Figlio<QLabel>("labCodice")->buddy(), txtCodice);
+    EXPECT_GE(finestra->minimumWidth(), 672);
+    EXPECT_GE(finestra->minimumHeight(), 579);
+}
+
+struct CasoCiclo {
+    const char* voce;
+    const char* stile;
+    bool check;
+    bool hrc;
+    const char* contenuto;
+    // Expected: glyphs of each barcode line (engine code, content, check), family, HRC line.
+    const char* codice;
+    const char* contenutoCodificato;
+    bool checkCodifica;
+    const char* famiglia;
+    const char* hrcAtteso;  // nullptr: no HRC paragraph
+};
+
+TEST_F(Finestra, InvioRiempieLAnteprima) {
+    const CasoCiclo casi[] = {
+        {"Code 39", "Normal", false, true, "abc-1", "C39", "ABC-1", false, "ORB39", "*ABC-1*"},
+        {"Code 39", "Wide short", false, false, "A_B", "C39", "A_B", false, "ORB39 Wide Short", nullptr},
+        {"Code 93", "Narrow", true, true, "A_B", "C93", "A_B", true, "ORB93 Narrow", "A B"},
+        {"Codabar/Monarch", "Short", false, true, "A123B", "CBAR", "A123B", false, "ORBCODABAR Short", "a123b"},
+        {"Code 128", "Normal", false, true, "Hello", "C128", "Hello", false, "ORB128", "Hello"},
+        {"EAN 13", "Normal", true, true, "590123412345", "EAN13", "590123412345", true, "ORBEAN", nullptr},
+        {"MSI", "Normal", false, true, "1234", "CMSI", "1234", false, "ORBMSI", "1234"},
+    };
+    for (const auto& c : casi) {
+        SCOPED_TRACE(c.voce);
+        Voce(c.voce);
+        Stile(c.stile);
+        Spunta(chkDigit, c.check);
+        Spunta(chkHRC, c.hrc);
+        Invio(QString::fromLatin1(c.contenuto));
+        const auto anteprima = Anteprima();
+        ASSERT_EQ(anteprima.size(), c.hrcAtteso ? 2u : 1u);
+        EXPECT_EQ(anteprima[0].testo, Glifi(c.contenutoCodificato, c.codice, c.checkCodifica));
+        EXPECT_EQ(anteprima[0].famiglia, QLatin1String(c.famiglia));
+        EXPECT_EQ(anteprima[0].punti, 100);
+        if (c.hrcAtteso) {
+            EXPECT_EQ(anteprima[1].testo, QLatin1String(c.hrcAtteso));
+            EXPECT_EQ(anteprima[1].famiglia, "Courier");
+            EXPECT_EQ(anteprima[1].punti, 10);
+        }
+        EXPECT_TRUE(messaggi.empty());
+        EXPECT_EQ(txtCodice->selectedText(), txtCodice->text()) << "Enter selects the content";
+    }
+}
+
+TEST_F(Finestra, VociAddOnCodice32EISBN) {
+    Voce("EAN 8 Add-on 2");
+    Spunta(chkDigit, true);
+    Invio(QStringLiteral("123456712999"));  // 7 + 2, the rest ignored
+    ASSERT_EQ(Anteprima().size(), 1u);
+    EXPECT_EQ(Anteprima()[0].testo, Glifi("1234567", "EAN8", true) + Glifi("12", "ADD2", true));
+
+    txtCodice->setText(QStringLiteral("123456712"));
+    Spunta(chkDigit, false);  // main part 8 characters, the add-on the ninth alone
+    EXPECT_EQ(Anteprima()[0].testo, Glifi("12345671", "EAN8", false) + Glifi("2", "ADD2", true));
+
+    Voce("Code 32");
+    Spunta(chkHRC, true);
+    Invio(QStringLiteral("12345678"));
+    auto anteprima = Anteprima();
+    ASSERT_EQ(anteprima.size(), 2u) << "two lines in the Code 32 family, no HRC paragraph";
+    EXPECT_EQ(anteprima[0].testo + "\n" + anteprima[1].testo, Glifi("12345678", "C32HRC", false));
+    EXPECT_EQ(anteprima[1].famiglia, "ORB32");
+    EXPECT_FALSE(cmbStile->isEnabled());
+
+    Voce("ISBN-13");
+    EXPECT_TRUE(chkHRC->isChecked());
+    EXPECT_FALSE(chkHRC->isEnabled());
+    EXPECT_TRUE(chkDigit->isChecked());
+    Invio(QStringLiteral("978030640615"));
+    anteprima = Anteprima();
+    ASSERT_EQ(anteprima.size(), 2u) << "text line above the bars";
+    EXPECT_EQ(anteprima[0].testo + "\n" + anteprima[1].testo, Glifi("978030640615", "ISBN13", true));
+    EXPECT_EQ(anteprima[0].famiglia, "ORBEAN");
+    EXPECT_TRUE(messaggi.empty());
+}
+
+TEST_F(Finestra, RifiutiSoloConInvio) {
+    Voce("EAN 13");
+    Invio(QStringLiteral("5901234123457"));
+    const auto prima = Anteprima();
+    ASSERT_EQ(prima.size(), 1u);
+
+    txtCodice->setText(QStringLiteral("AB!"));  // "!" is refused everywhere: no message on a change
+    Voce("Code 39");
+    Voce("Code 93");
+    Spunta(chkHRC, false);
+    Stile("Short");
+    EXPECT_TRUE(messaggi.empty());
+    EXPECT_EQ(Anteprima()[0].testo, prima[0].testo) << "the old preview stays";
+
+    QTest::keyClick(txtCodice, Qt::Key_Return);
+    ASSERT_EQ(messaggi.size(), 1u);
+    EXPECT_EQ(messaggi[0].icona, QMessageBox::Critical);
+    EXPECT_EQ(messaggi[0].testo, "The value introduced is not allowed");
+    EXPECT_EQ(messaggi[0].titolo, "Error");
+    EXPECT_EQ(Anteprima()[0].testo, prima[0].testo);
+
+    txtCodice->clear();  // empty content: nothing at all
+    QTest::keyClick(txtCodice, Qt::Key_Return);
+    EXPECT_EQ(messaggi.size(), 1u);
+}
+
+TEST_F(Finestra, GuastiDelMotoreDiventanoMessaggi) {
+    Voce("Code 128");
+    Invio(QStringLiteral("OK"));
+    const auto prima = Anteprima();
+    const struct {
+        QString contenuto;
+        int dettaglio;
+    } casi[] = {{QStringLiteral("A\\q"), IdStringa::DettaglioEscape}};
+    for (const auto& c : casi) {
+        messaggi.clear();
+        Invio(c.contenuto);
+        ASSERT_EQ(messaggi.size(), 1u) << c.contenuto.toStdString();
+        EXPECT_EQ(messaggi[0].testo, CaricaStringa(93));
+        EXPECT_EQ(messaggi[0].dettaglio, CaricaStringa(c.dettaglio));
+        EXPECT_EQ(Anteprima()[0].testo, prima[0].testo);
+    }
+    messaggi.clear();
+    Stile("Short");  // a fault on a change stays silent
+    EXPECT_TRUE(messaggi.empty());
+}
+
+TEST_F(Finestra, CambiDiOpzioneRigenerano) {
+    Voce("Code 39");
+    Spunta(chkHRC, true);
+    Invio(QStringLiteral("AB"));
+    Stile("Short");
+    EXPECT_EQ(Anteprima()[0].famiglia, "ORB39 Short");
+    Spunta(chkDigit, true);
+    EXPECT_EQ(Anteprima()[0].testo, Glifi("AB", "C39", true));
+    EXPECT_EQ(Anteprima()[1].testo, "*AB*") << "check digit in HRC is off";
+    Azione("mnuIncludiCheckDigit")->trigger();
+    EXPECT_EQ(Anteprima()[1].testo, "*" + DaWindows1252(CalcolaCheck39("AB")) + "*");
+    Spunta(chkHRC, false);
+    EXPECT_EQ(Anteprima().size(), 1u);
+
+    // The size box: Enter, and leaving it, regenerate with the typed size.
+    txtDimensione->setFocus();
+    txtDimensione->setText(QStringLiteral("72"));
+    QTest::keyClick(txtDimensione, Qt::Key_Return);
+    EXPECT_EQ(Anteprima()[0].punti, 72);
+    EXPECT_EQ(finestra->configurazione().Dimensione, 72);
+    EXPECT_TRUE(messaggi.empty());
+}
+
+TEST_F(Finestra, CasellaDimensione) {
+    const struct {
+        QString testo;
+        QString atteso;
+        std::int16_t memorizzato;
+    } casi[] = {
+        {QStringLiteral("48"), QStringLiteral("48"), 48},
+        {QStringLiteral("0"), QStringLiteral("100"), 100},
+        {QString(), QStringLiteral("100"), 100},
+        {QStringLiteral("32767"), QStringLiteral("32767"), 32767},
+        {QStringLiteral("40000"), QStringLiteral("40000"), 32767},  // out of range: not stored
+    };
+    for (const auto& c : casi) {
+        txtDimensione->setText(c.testo);
+        EXPECT_EQ(txtDimensione->text(), c.atteso) << c.testo.toStdString();
+        EXPECT_EQ(finestra->configurazione().Dimensione, c.memorizzato) << c.testo.toStdString();
+    }
+    txtDimensione->setText(QStringLiteral("12"));
+    txtDimensione->setCursorPosition(2);
+    QTest::keyClicks(txtDimensione, QStringLiteral("a-3.b"));
+    EXPECT_EQ(txtDimensione->text(), "123") << "only digits get through";
+    QTest::keyClick(txtDimensione, Qt::Key_Backspace);
+    EXPECT_EQ(txtDimensione->text(), "12");
+}
+
+TEST_F(Finestra, AppuntiSoloRtf) {
+    Voce("Code 39");
+    Spunta(chkHRC, true);
+    Invio(QStringLiteral("AB"));
+    Figlio<QPushButton>("cmdClipboard")->click();
+    const QMimeData* dati = QGuiApplication::clipboard()->mimeData();
+    ASSERT_NE(dati, nullptr);
+    EXPECT_EQ(dati->formats(), QStringList{QStringLiteral("text/rtf")});
+    const QByteArray rtf = dati->data(QStringLiteral("text/rtf"));
+    EXPECT_TRUE(rtf.startsWith("{\\rtf1\\ansi\\ansicpg1252"));
+    for (const char* parte : {"{\\f0\\fnil\\fcharset0 ORB39;}", "{\\f1\\fnil\\fcharset0 Courier;}", "\\f0\\fs200 ", "\\par",
+                              "\\f1\\fs20 *AB*}"})
+        EXPECT_TRUE(rtf.contains(parte)) << parte << "\n" << rtf.toStdString();
+}
+
+TEST_F(Finestra, OpzioniSopravvivonoAlRiavvio) {
+    Voce("Code 128");
+    Stile("Short");
+    Spunta(chkDigit, true);
+    Spunta(chkHRC, true);
+    Azione("mnuIncludiCheckDigit")->trigger();
+    txtDimensione->setText(QStringLiteral("64"));
+    fontScelto = QFont(QStringLiteral("DejaVu Serif"), 12);
+    fontScelto->setBold(true);
+    fontScelto->setItalic(true);
+    Azione("mnuFont")->trigger();
+    EXPECT_EQ(labFont->text(), "DejaVu Serif (BI; 12 punti)");
+    EXPECT_EQ(QFile(FileConfigurazione()).size(), 240);
+
+    Apri();
+    EXPECT_EQ(cmbSimbologia->currentText(), "Code 128");
+    EXPECT_EQ(cmbStile->currentText(), "Short");
+    EXPECT_TRUE(chkDigit->isChecked());
+    EXPECT_TRUE(chkHRC->isChecked());
+    EXPECT_TRUE(Azione("mnuIncludiCheckDigit")->isChecked());
+    EXPECT_EQ(txtDimensione->text(), "64");
+    EXPECT_EQ(labFont->text(), "DejaVu Serif (BI; 12 punti)");
+
+    // Cancelling the font dialog changes and writes nothing.
+    fontScelto.reset();
+    QFile::remove(FileConfigurazione());
+    Azione("mnuFont")->trigger();
+    EXPECT_EQ(labFont->text(), "DejaVu Serif (BI; 12 punti)");
+    EXPECT_FALSE(QFile::exists(FileConfigurazione()));
+}
+
+TEST_F(Finestra, CambioDiLingua) {
+    Voce("Code 39");
+    Invio(QStringLiteral("AB"));
+    const auto prima = Anteprima();
+
+    Azione("mnuLinguaItaliano")->trigger();
+    EXPECT_TRUE(QFile::exists(Marcatore()));
+    EXPECT_TRUE(Azione("mnuLinguaItaliano")->isChecked());
+    EXPECT_FALSE(Azione("mnuLinguaEnglish")->isChecked());
+    EXPECT_EQ(Figlio<QLabel>("labCodice")->text(), "&Codice:");
+    EXPECT_EQ(Figlio<QPushButton>("cmdClipboard")->text(), "App&unti");
+    EXPECT_EQ(cmbSimbologia->currentIndex(), -1) << "refilled without a selection";
+    EXPECT_EQ(cmbSimbologia->itemText(0), "Codice 39");
+    EXPECT_EQ(Anteprima()[0].testo, prima[0].testo) << "the preview keeps its content";
+    Azione("mnuManuale")->trigger();
+    ASSERT_EQ(documenti.size(), 1u);
+    EXPECT_EQ(documenti[0], cartella.filePath(QStringLiteral("KRTGuide_ita.pdf")));
+
+    Azione("mnuLinguaItaliano")->trigger();  // already active: nothing happens
+    EXPECT_TRUE(Azione("mnuLinguaItaliano")->isChecked());
+
+    Apri();  // the marker keeps Italian across a restart
+    EXPECT_EQ(Figlio<QLabel>("labCodice")->text(), "&Codice:");
+    Voce("Codice 39");
+    EXPECT_EQ(labAttributi->text(), "Lunghezza: variabile, alfabeto 0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ-._$/+%");
+
+    Azione("mnuLinguaEnglish")->trigger();
+    EXPECT_FALSE(QFile::exists(Marcatore()));
+    EXPECT_TRUE(Azione("mnuLinguaEnglish")->isChecked());
+    EXPECT_EQ(Figlio<QLabel>("labCodice")->text(), "&Code:");
+    Azione("mnuManuale")->trigger();
+    EXPECT_EQ(documenti.back(), cartella.filePath(QStringLiteral("KRTGuide.pdf")));
+}
+
+TEST_F(Finestra, SuggerimentiEStiliPerVoce) {
+    const struct {
+        const char* voce;
+        bool check;
+        const char* suggerimento;
+        int stili;
+        bool hrcAttivo;
+    } casi[] = {
+        {"Code 39", false, "Length: variable, alphabet 0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ-._$/+%", 6, true},
+        {"EAN 13", false, "Length: 13 digits", 2, true},
+        {"EAN 13", true, "Length: 12 digits", 2, true},
+        {"EAN 8", false, "Length: 8 digits", 2, false},
+        {"UPC-E Add-on 5", true, "Length: 0/1 + 11 digits", 2, true},
+        {"Postnet", true, "Length: 5/9/11 digits", 1, true},
+        {"Code 32", false, "Length: 9 digits", 1, true},
+        {"ISBN-10", true, "Length: 9 digits", 2, false},
+        {"Delta-Distance A", false, "Length: variable, max 16 characters, alphabet 0123456789KLMO", 2, true},
+    };
+    for (const auto& c : casi) {
+        Voce("Code 39");  // an entry without fixed rules first
+        Spunta(chkDigit, c.check);
+        Voce(c.voce);
+        EXPECT_EQ(labAttributi->text(), QLatin1String(c.suggerimento)) << c.voce;
+        EXPECT_EQ(cmbStile->count(), c.stili) << c.voce;
+        EXPECT_EQ(cmbStile->currentIndex(), 0) << c.voce;
+        EXPECT_EQ(chkHRC->isEnabled(), c.hrcAttivo) << c.voce;
+    }
+    // The remembered style is kept when the new list has it, else the first one.
+    Voce("Code 39");
+    Stile("Wide short");
+    Voce("Code 93");
+    EXPECT_EQ(cmbStile->currentText(), "Wide short");
+    Voce("Code 128");
+    EXPECT_EQ(cmbStile->currentText(), "Normal");
+    Stile("Short");
+    Voce("Code 39");  // by position: the second style
+    EXPECT_EQ(cmbStile->currentText(), "Narrow");
+}
+
+TEST_F(Finestra, AvvisoFontMancante) {
+    Voce("Interleaved 2 of 5");
+    Invio(QStringLiteral("1234"));
+    EXPECT_EQ(labAvvisoFont->text(), CaricaStringa(IdStringa::FontNonInstallato).arg(QStringLiteral("ORB25 ITF")));
+    Voce("Code 39");
+    Stile("Narrow");
+    Voce("Interleaved 2 of 5");  // the second style of a two-style list is Short
+    EXPECT_EQ(cmbStile->currentText(), "Short");
+    const QString famiglia = QStringLiteral("ORB25 ITF Short");
+    EXPECT_EQ(labAvvisoFont->text(), CaricaStringa(IdStringa::FontNonInstallato).arg(famiglia));
+    Azione("mnuLinguaItaliano")->trigger();
+    EXPECT_EQ(labAvvisoFont->text(), CaricaStringa(IdStringa::FontNonInstallato).arg(famiglia))
+        << "the notice follows the language";
+    EXPECT_NE(labAvvisoFont->text(), CaricaStringaFissa(IdStringa::FontNonInstallato).arg(famiglia));
+}
+
+TEST_F(Finestra, WizardRestituisceContenutoEHRC) {
+    Voce("Code 39");
+    EXPECT_TRUE(imgWizard->isHidden());
+    Voce("EAN 128");
+    EXPECT_FALSE(imgWizard->isHidden());
+    Spunta(chkHRC, true);
+    risultatoWizard = {{"010950123456789010ABC\\x813101000125", "(01)09501234567890(10)ABC(3101)000125"}};
+    imgWizard->click();
+    EXPECT_EQ(txtCodice->text(), "010950123456789010ABC\\x813101000125");
+    auto anteprima = Anteprima();
+    ASSERT_EQ(anteprima.size(), 2u);
+    EXPECT_EQ(anteprima[0].testo, Glifi("010950123456789010ABC\\x813101000125", "E128", false));
+    EXPECT_EQ(anteprima[1].testo, "(01)09501234567890(10)ABC(3101)000125");
+
+    Invio(QStringLiteral("0109501234567890"));  // hand-edited: the wizard's HRC stays
+    EXPECT_EQ(Anteprima()[1].testo, "(01)09501234567890(10)ABC(3101)000125");
+    Voce("Code 128");
+    EXPECT_TRUE(imgWizard->isHidden());
+    EXPECT_TRUE(finestra->TestoHRC().empty());
+    Voce("EAN 128");
+    EXPECT_EQ(Anteprima()[1].testo, "0109501234567890");
+
+    risultatoWizard.reset();  // cancelled: nothing changes
+    imgWizard->click();
+    EXPECT_EQ(txtCodice->text(), "0109501234567890");
+}
+
+TEST_F(Finestra, InformazioniInDueLingue) {
+    for (std::int16_t offset : {kOffsetInglese, kOffsetItaliano}) {
+        ImpostaOffsetLingua(offset);
+        Informazioni informazioni;
+        EXPECT_EQ(informazioni.windowTitle(), CaricaStringa(IdStringa::TitoloInformazioni));
+        const auto* versione = informazioni.findChild<QLabel*>(QStringLiteral("labVersione"));
+        ASSERT_NE(versione, nullptr);
+        EXPECT_TRUE(versione->text().contains(QRegularExpression(QStringLiteral("\\d+\\.\\d+\\.\\d+"))));
+        const auto* assistenza = informazioni.findChild<QLabel*>(QStringLiteral("labAssistenza"));
+        ASSERT_NE(assistenza, nullptr);
+        EXPECT_EQ(assistenza->text(), CaricaStringa(IdStringa::Assistenza));
+    }
+}
+
+}  // namespace
