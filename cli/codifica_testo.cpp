@@ -138,7 +138,8 @@ void AccodaCp1252InUtf8(std::string& uscita, std::string_view byte) {
             *p++ = c;
         } else {
             const Utf8Alto& u = TabellaUtf8Alto[b - 0x80];
-            for (std::size_t k = 0; k < u.lunghezza; ++k) *p++ = u.byte[k];
+            std::memcpy(p, u.byte.data(), 3);  // room for 3 is there; only lunghezza count
+            p += u.lunghezza;
         }
     }
     uscita.resize(static_cast<std::size_t>(p - uscita.data()));
