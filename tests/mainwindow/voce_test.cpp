@@ -5,7 +5,6 @@
 
 #include <string>
 
-#include "barcodes/codifica.h"
 #include "barcodes/errori.h"
 
 namespace krt {
@@ -187,23 +186,6 @@ TEST(Voce, CicloCompleto) {
         }
         EXPECT_EQ(g.hrc, r.hrc_);
     }
-}
-
-TEST(Voce, DueRigheEAddOn) {
-    const OpzioniVoce conHRC{true, true, false, "Normal", {}};
-    const GenerazioneVoce c32 = GeneraVoce(Voce(410), "12345678", conHRC);
-    EXPECT_EQ(c32.codice, "C32HRC");
-    EXPECT_EQ(c32.glifi.substr(0, 2), "|*");
-    EXPECT_NE(c32.glifi.find("\r\nA123456788"), std::string::npos) << c32.glifi;
-
-    const GenerazioneVoce isbn = GeneraVoce(Voce(434), "030640615", OpzioniVoce{});
-    EXPECT_EQ(isbn.glifi.substr(0, 18), "--$%.(%;.)%;&:.'\r\n");
-
-    // The add-on glyphs follow the main glyphs directly; characters beyond are ignored.
-    const GenerazioneVoce ean = GeneraVoce(Voce(417), "400638133393123456", conHRC);
-    ASSERT_TRUE(ean.accettato);
-    EXPECT_EQ(ean.glifi, CodificaBarcode("400638133393", "EAN13", true) + CodificaBarcode("12345", "ADD5", true));
-    EXPECT_FALSE(ean.glifi.empty());
 }
 
 TEST(Voce, GuastiDelMotoreArrivanoAlChiamante) {
