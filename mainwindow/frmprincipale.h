@@ -71,7 +71,6 @@ public:
     void ImpostaTestoHRC(std::string testo) { testoHRC_ = std::move(testo); }
 
     const Configurazione& configurazione() const { return configurazione_; }
-    bool InCaricamento() const { return inCaricamento_; }
 
 protected:
     bool eventFilter(QObject* oggetto, QEvent* evento) override;

@@ -446,6 +446,11 @@ TEST_F(Finestra, SuggerimentiEStiliPerVoce) {
         {"Code 32", false, "Length: 9 digits", 1, true},
         {"ISBN-10", true, "Length: 9 digits", 2, false},
         {"Delta-Distance A", false, "Length: variable, max 16 characters, alphabet 0123456789KLMO", 2, true},
+        {"Delta-Distance A", true, "Length: variable, max 15 characters, alphabet 0123456789KLMO", 2, true},
+        {"BCD Matrix 2 of 5", true, "Length: variable, max 13 digits", 2, true},
+        {"Plessey", true, "Length: variable, max 15 characters, alphabet 0123456789ABCDEF", 2, true},
+        {"Codabar/Monarch", false, "Length: variable, a/b/c/d + alphabet: 0123456789+.-$:/ + e/m/t/*", 2, true},
+        {"UPC-A Add-on 2", false, "Length: 14 digits", 2, true},
     };
     for (const auto& c : casi) {
         Voce("Code 39");  // an entry without fixed rules first
@@ -456,6 +461,12 @@ TEST_F(Finestra, SuggerimentiEStiliPerVoce) {
         EXPECT_EQ(cmbStile->currentIndex(), 0) << c.voce;
         EXPECT_EQ(chkHRC->isEnabled(), c.hrcAttivo) << c.voce;
     }
+    // No entry selected (after a language switch): the hint for any other text.
+    Azione("mnuLinguaItaliano")->trigger();
+    EXPECT_EQ(labAttributi->text(), "Lunghezza: variabile, cifre");
+    EXPECT_EQ(cmbStile->count(), 2);
+    Azione("mnuLinguaEnglish")->trigger();
+
     // The remembered style is kept when the new list has it, else the first one.
     Voce("Code 39");
     Stile("Wide short");
