@@ -21,6 +21,7 @@ Informazioni::Informazioni(QWidget* parent) : QDialog(parent) {
         auto* l = new QLabel(testo, this);
         l->setObjectName(QLatin1String(nome));
         l->setWordWrap(true);
+        l->setMinimumWidth(420);
         l->setTextInteractionFlags(Qt::TextSelectableByMouse);
         return l;
     };
@@ -46,9 +47,8 @@ Informazioni::Informazioni(QWidget* parent) : QDialog(parent) {
     layout->addWidget(versione);
     layout->addWidget(descrizione);
     layout->addWidget(assistenza);
-    layout->addStretch(1);
     layout->addWidget(pulsanti);
-    setMinimumWidth(420);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
 }
 
 }  // namespace krt
