@@ -271,6 +271,10 @@ void CaricaImmagini(QTextDocument& documento, const QString& cartella, const Pag
 // proportional line height of the body.
 double AltezzaRiga(const Pagina& pagina) { return pagina.corpoPunti / 72.0 * kPuntiDocumento * 1.2 * 1.18; }
 
+// After an edit the layout is redone only from the edited block, and blocks that follow a
+// table may be left without lines; the whole document is laid out again instead.
+void RifaiImpaginazione(QTextDocument& documento) { documento.markContentsDirty(0, documento.characterCount()); }
+
 struct VoceIndice {
     int posizioneTitolo;  // position of the heading block
     int livello;
@@ -410,19 +414,26 @@ void Impagina(Guida& guida, QPagedPaintDevice& dispositivo, const Pagina& pagina
             QTextBlockFormat formato = b.blockFormat();
             formato.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
             ImpostaFormatoBlocco(documento, b, formato);
+            RifaiImpaginazione(documento);
             spostato = true;
             break;  // one at a time: each move shifts everything after it
         }
         if (!spostato) break;
     }
 
-    for (std::size_t i = 0; i < righeIndice.size() && i < voci.size(); ++i) {
+    // All numbers first, then the text, from the last line up: an edit moves every
+    // position after it.
+    std::vector<int> numeri;
+    for (std::size_t i = 0; i < righeIndice.size() && i < voci.size(); ++i)
+        numeri.push_back(PaginaDelBlocco(documento, voci[i].posizioneTitolo));
+    for (std::size_t i = numeri.size(); i-- > 0;) {
         const QTextBlock riga = documento.findBlock(righeIndice[i]);
         QTextCursor cursore(&documento);
         cursore.setPosition(riga.position() + riga.length() - 1);
         cursore.setPosition(riga.position() + riga.length() - 3, QTextCursor::KeepAnchor);
-        cursore.insertText(QString::number(PaginaDelBlocco(documento, voci[i].posizioneTitolo)));
+        cursore.insertText(QString::number(numeri[i]));
     }
+    RifaiImpaginazione(documento);
     guida.pagine = documento.pageCount();
 }
 
