@@ -142,6 +142,12 @@ bool InCodice(const QTextBlock& blocco) {
            blocco.blockFormat().nonBreakableLines();
 }
 
+bool ConImmagine(const QTextBlock& blocco) {
+    for (auto it = blocco.begin(); !it.atEnd(); ++it)
+        if (it.fragment().charFormat().isImageFormat()) return true;
+    return false;
+}
+
 void StilizzaTesto(QTextDocument& documento, const QTextBlock& blocco, const Pagina& pagina) {
     QTextBlockFormat formato = blocco.blockFormat();
     const bool codice = InCodice(blocco);
@@ -157,7 +163,8 @@ void StilizzaTesto(QTextDocument& documento, const QTextBlock& blocco, const Pag
         formato.setLineHeight(100, QTextBlockFormat::ProportionalHeight);
     } else {
         formato.setBottomMargin(blocco.textList() ? 3 : 6);
-        formato.setLineHeight(118, QTextBlockFormat::ProportionalHeight);
+        // Extra leading would add a gap under a picture.
+        formato.setLineHeight(ConImmagine(blocco) ? 100 : 118, QTextBlockFormat::ProportionalHeight);
         if (formato.intProperty(QTextFormat::BlockQuoteLevel) > 0) {
             formato.setBackground(kSfondoNota);
             formato.setLeftMargin(8);
