@@ -282,10 +282,6 @@ double AltezzaRiga(const Pagina& pagina) { return pagina.corpoPunti / 72.0 * kPu
 // table may be left without lines; the whole document is laid out again instead.
 void RifaiImpaginazione(QTextDocument& documento) { documento.markContentsDirty(0, documento.characterCount()); }
 
-struct VoceIndice {
-    int posizioneTitolo;  // position of the heading block
-    int livello;
-};
 
 }  // namespace
 
@@ -370,8 +366,7 @@ void Impagina(Guida& guida, QPagedPaintDevice& dispositivo, const Pagina& pagina
 
     // The contents: one line per "##" and "###" heading after the contents title,
     // the page number at a right tab stop; numbers are filled in once the pages settle.
-    std::vector<int> righeIndice;  // positions of the contents lines
-    std::vector<VoceIndice> voci;
+    std::size_t righeIndice = 0;  // number of contents lines
     QTextBlock titoloIndice;
     for (QTextBlock b = documento.begin(); b.isValid(); b = b.next())
         if (b.blockFormat().boolProperty(QTextFormat::UserProperty)) titoloIndice = b;
@@ -395,14 +390,9 @@ void Impagina(Guida& guida, QPagedPaintDevice& dispositivo, const Pagina& pagina
             caratteri.setFontPointSize(livello == 2 ? pagina.corpoPunti : pagina.corpoPunti * 0.92);
             caratteri.setFontWeight(livello == 2 ? QFont::DemiBold : QFont::Normal);
             cursore.insertBlock(formato, caratteri);
-            righeIndice.push_back(cursore.position());
+            ++righeIndice;
             const QString rientro = livello == 3 ? QStringLiteral("\u2003\u2003") : QString();
             cursore.insertText(rientro + testo + kTabulazione + QStringLiteral("00"), caratteri);
-        }
-        // The headings, now after the contents.
-        for (QTextBlock b = documento.findBlock(cursore.position()).next(); b.isValid(); b = b.next()) {
-            const int livello = b.blockFormat().headingLevel();
-            if (livello == 2 || livello == 3) voci.push_back({b.position(), livello});
         }
     }
 
@@ -410,6 +400,7 @@ void Impagina(Guida& guida, QPagedPaintDevice& dispositivo, const Pagina& pagina
     const double altezzaPagina = documento.pageSize().height();
     const double minimo = AltezzaRiga(pagina) * kRigheDopoTitolo * scala;
     for (int passo = 0; passo < kPassiImpaginazione; ++passo) {
+        documento.pageCount();  // lays out the whole document now
         bool spostato = false;
         for (QTextBlock b = documento.begin(); b.isValid(); b = b.next()) {
             if (b.blockFormat().headingLevel() < 2) continue;
@@ -428,17 +419,30 @@ void Impagina(Guida& guida, QPagedPaintDevice& dispositivo, const Pagina& pagina
         if (!spostato) break;
     }
 
-    // All numbers first, then the text, from the last line up: an edit moves every
-    // position after it.
-    std::vector<int> numeri;
-    for (std::size_t i = 0; i < righeIndice.size() && i < voci.size(); ++i)
-        numeri.push_back(PaginaDelBlocco(documento, voci[i].posizioneTitolo));
-    for (std::size_t i = numeri.size(); i-- > 0;) {
-        const QTextBlock riga = documento.findBlock(righeIndice[i]);
-        QTextCursor cursore(&documento);
-        cursore.setPosition(riga.position() + riga.length() - 1);
-        cursore.setPosition(riga.position() + riga.length() - 3, QTextCursor::KeepAnchor);
-        cursore.insertText(QString::number(numeri[i]));
+    // The numbers are read from a complete layout and written from the last line up (an
+    // edit moves every position after it); a number of another width may move a line, so
+    // this repeats until the numbers hold. Lines and headings are found afresh each time.
+    std::vector<int> scritti;
+    for (int passo = 0; righeIndice > 0 && passo < kPassiImpaginazione; ++passo) {
+        RifaiImpaginazione(documento);
+        documento.pageCount();  // lays out the whole document now
+        std::vector<QTextBlock> righe;
+        QTextBlock b = documento.findBlock(titoloIndice.position()).next();
+        for (; b.isValid() && righe.size() < righeIndice; b = b.next()) righe.push_back(b);
+        std::vector<int> numeri;
+        for (; b.isValid(); b = b.next()) {
+            const int livello = b.blockFormat().headingLevel();
+            if (livello == 2 || livello == 3) numeri.push_back(PaginaDelBlocco(documento, b.position()));
+        }
+        if (numeri == scritti) break;
+        for (std::size_t i = std::min(numeri.size(), righe.size()); i-- > 0;) {
+            const QString testo = righe[i].text();
+            QTextCursor cursore(&documento);
+            cursore.setPosition(righe[i].position() + testo.lastIndexOf(kTabulazione) + 1);
+            cursore.setPosition(righe[i].position() + testo.size(), QTextCursor::KeepAnchor);
+            cursore.insertText(QString::number(numeri[i]));
+        }
+        scritti = numeri;
     }
     RifaiImpaginazione(documento);
     guida.pagine = documento.pageCount();

@@ -1,0 +1,158 @@
+// guide2pdf: contents with page numbers, page breaks, pictures fitted to the page,
+// missing pictures reported, the PDF written whole.
+#include <QDir>
+#include <QFile>
+#include <QGuiApplication>
+#include <QImage>
+#include <QPdfWriter>
+#include <QTemporaryDir>
+#include <QTextBlock>
+#include <QTextDocument>
+#include <QTextFragment>
+
+#include <gtest/gtest.h>
+
+#include "tools/guide2pdf/guida.h"
+
+namespace krt::guida {
+namespace {
+
+class Guida2Pdf : public ::testing::Test {
+protected:
+    QTemporaryDir cartella;
+
+    QString Scrivi(const QString& nome, const QString& testo) {
+        const QString percorso = cartella.filePath(nome);
+        QDir().mkpath(QFileInfo(percorso).absolutePath());
+        QFile file(percorso);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(testo.toUtf8());
+        return percorso;
+    }
+
+    void Figura(const QString& nome, int larghezza, int altezza) {
+        QDir().mkpath(QFileInfo(cartella.filePath(nome)).absolutePath());
+        QImage figura(larghezza, altezza, QImage::Format_RGB32);
+        figura.fill(Qt::gray);
+        ASSERT_TRUE(figura.save(cartella.filePath(nome)));
+    }
+
+    // Loads and lays out a guide on the default page.
+    Guida Impaginata(const QString& percorso) {
+        Guida guida = CaricaGuida(percorso, Pagina{});
+        writer_ = std::make_unique<QPdfWriter>(cartella.filePath(QStringLiteral("prova.pdf")));
+        writer_->setResolution(Pagina{}.risoluzione);
+        Impagina(guida, *writer_, Pagina{});
+        return guida;
+    }
+
+    static QTextBlock Blocco(const QTextDocument& documento, const QString& inizio) {
+        for (QTextBlock b = documento.begin(); b.isValid(); b = b.next())
+            if (b.text().startsWith(inizio)) return b;
+        return {};
+    }
+
+private:
+    std::unique_ptr<QPdfWriter> writer_;
+};
+
+// Many paragraphs, to fill pages.
+QString Riempitivo(int paragrafi) {
+    QString testo;
+    for (int i = 0; i < paragrafi; ++i)
+        testo += QStringLiteral("Filler paragraph %1 with enough words to take a line or two of the page, "
+                                "so that the layout has something to break.\n\n")
+                     .arg(i);
+    return testo;
+}
+
+TEST_F(Guida2Pdf, ContentsListHeadingsWithTheirPages) {
+    const QString md = QStringLiteral("# Title\n\n<!-- toc: Contents -->\n\n---\n\n## First\n\n") + Riempitivo(60) +
+                       QStringLiteral("### Sub\n\ntext\n\n## Second\n\nend\n");
+    Guida guida = Impaginata(Scrivi(QStringLiteral("g.md"), md));
+    ASSERT_TRUE(guida.errori.isEmpty()) << guida.errori.join(QLatin1Char('\n')).toStdString();
+    EXPECT_EQ(guida.titolo, QStringLiteral("Title"));
+    const QTextDocument& d = *guida.documento;
+    EXPECT_TRUE(Blocco(d, QStringLiteral("Contents")).isValid());
+    struct Riga {
+        const char* titolo;
+    } righe[] = {{"First"}, {"\u2003\u2003Sub"}, {"Second"}};
+    for (const Riga& r : righe) {
+        const QString voce = QString::fromUtf8(r.titolo) + QLatin1Char('\t');
+        const QTextBlock riga = Blocco(d, voce);
+        ASSERT_TRUE(riga.isValid()) << r.titolo;
+        const QString titolo = QString::fromUtf8(r.titolo).trimmed().remove(QChar(0x2003));
+        QTextBlock intestazione;
+        for (QTextBlock b = riga.next(); b.isValid(); b = b.next())
+            if (b.blockFormat().headingLevel() > 0 && b.text() == titolo) intestazione = b;
+        ASSERT_TRUE(intestazione.isValid()) << r.titolo;
+        const QString numero = riga.text().section(QLatin1Char('\t'), 1);
+        EXPECT_EQ(numero.toInt(), PaginaDelBlocco(d, intestazione.position())) << r.titolo;
+    }
+    // The thematic break after the contents starts the first chapter on page 2.
+    EXPECT_EQ(PaginaDelBlocco(d, Blocco(d, QStringLiteral("First")).position()), 1);  // the contents line
+    QTextBlock primo;
+    for (QTextBlock b = d.begin(); b.isValid(); b = b.next())
+        if (b.blockFormat().headingLevel() == 2 && b.text() == QStringLiteral("First")) primo = b;
+    EXPECT_EQ(PaginaDelBlocco(d, primo.position()), 2);
+    EXPECT_GE(guida.pagine, 3);
+}
+
+TEST_F(Guida2Pdf, PicturesFitTheTextWidthAndNeverGrow) {
+    struct Caso {
+        int larghezza, altezza;
+        bool ridotta;
+    } casi[] = {{3000, 1500, true}, {200, 100, false}};
+    for (const Caso& c : casi) {
+        Figura(QStringLiteral("img/f.png"), c.larghezza, c.altezza);
+        Guida guida = CaricaGuida(Scrivi(QStringLiteral("sub/g.md"), QStringLiteral("# T\n\n![pic](../img/f.png)\n")),
+                                  Pagina{});
+        ASSERT_TRUE(guida.errori.isEmpty()) << c.larghezza;
+        QTextImageFormat immagine;
+        for (QTextBlock b = guida.documento->begin(); b.isValid(); b = b.next())
+            for (auto it = b.begin(); !it.atEnd(); ++it)
+                if (it.fragment().charFormat().isImageFormat()) immagine = it.fragment().charFormat().toImageFormat();
+        ASSERT_TRUE(immagine.isValid()) << c.larghezza;
+        // A4 less 40 mm of margins, at 96 dots per inch.
+        const double larghezzaTesto = (210.0 - 40.0) / 25.4 * 96.0;
+        EXPECT_LE(immagine.width(), larghezzaTesto + 0.5) << c.larghezza;
+        EXPECT_NEAR(immagine.width() / immagine.height(), double(c.larghezza) / c.altezza, 0.01) << c.larghezza;
+        if (!c.ridotta) {
+            EXPECT_NEAR(immagine.width(), c.larghezza * 96.0 / 120.0, 0.5) << c.larghezza;
+        }
+    }
+}
+
+TEST_F(Guida2Pdf, MissingPicturesAreAllReportedAndNoFileIsWritten) {
+    const QString md = Scrivi(QStringLiteral("g.md"), QStringLiteral("# T\n\n![a](none1.png)\n\n![b](none2.png)\n"));
+    const QString pdf = cartella.filePath(QStringLiteral("g.pdf"));
+    const QStringList errori = ScriviPdf(md, pdf);
+    ASSERT_EQ(errori.size(), 2) << errori.join(QLatin1Char('\n')).toStdString();
+    EXPECT_TRUE(errori[0].contains(QStringLiteral("none1.png")));
+    EXPECT_TRUE(errori[1].contains(QStringLiteral("none2.png")));
+    EXPECT_FALSE(QFile::exists(pdf));
+    EXPECT_FALSE(ScriviPdf(cartella.filePath(QStringLiteral("missing.md")), pdf).isEmpty());
+}
+
+TEST_F(Guida2Pdf, WritesACompletePdfWithTheFooterOnEveryPage) {
+    const QString md = Scrivi(QStringLiteral("g.md"), QStringLiteral("# Guide title\n\n---\n\n## A\n\ntext\n"));
+    const QString pdf = cartella.filePath(QStringLiteral("g.pdf"));
+    ASSERT_TRUE(ScriviPdf(md, pdf).isEmpty());
+    QFile file(pdf);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray dati = file.readAll();
+    EXPECT_TRUE(dati.startsWith("%PDF-"));
+    EXPECT_TRUE(dati.trimmed().endsWith("%%EOF"));
+    EXPECT_EQ(dati.count("/Type /Page\n") + dati.count("/Type /Page\r") + dati.count("/Type /Page "), 2);
+    EXPECT_FALSE(QFile::exists(pdf + QStringLiteral(".part")));
+}
+
+}  // namespace
+}  // namespace krt::guida
+
+int main(int argc, char* argv[]) {
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    QGuiApplication applicazione(argc, argv);
+    ::testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
