@@ -52,6 +52,13 @@ constexpr char Glifo(unsigned valore) {
     }
 }
 
+// Glifo of every byte value, read once per symbol.
+constexpr std::array<char, 256> TabellaGlifi = [] {
+    std::array<char, 256> t{};
+    for (unsigned v = 0; v < t.size(); ++v) t[v] = Glifo(v);
+    return t;
+}();
+
 unsigned Codice(std::string_view t, std::size_t i) { return static_cast<unsigned char>(t[i]); }
 
 // Digit run at i: each digit counts 1, an FNC1 met at an even count counts 2.
@@ -76,42 +83,48 @@ std::uint8_t Scegli(std::string_view t, std::size_t i, std::size_t esclusivo) {
     return esclusivo < t.size() && Controllo(Codice(t, esclusivo)) ? StartA : StartB;
 }
 
-// Builds the value string in one pass. The choice of set looks ahead at the rest of
-// the content; the look-ahead is answered from a table of "next character that only
-// one of sets A and B holds", and digit runs are read once, so long content costs
-// linear time.
+// Builds the value string in one pass, appending to `valori` (a byte vector, or the
+// string that then turns into the glyphs). The choice of set looks ahead at the rest of
+// the content for the next character that only one of sets A and B holds; the look-ahead
+// only moves forward, so it resumes where it stopped, and digit runs are read once:
+// long content costs linear time.
+template <class Valori>
 class Codificatore {
 public:
-    explicit Codificatore(std::string_view testo) : t_(testo), prossimo_(testo.size() + 1) {
-        prossimo_[t_.size()] = t_.size();
-        for (std::size_t i = t_.size(); i-- > 0;)
-            prossimo_[i] = Esclusivo(Codice(t_, i)) ? i : prossimo_[i + 1];
-        valori_.reserve(t_.size() + 8);
+    Codificatore(std::string_view testo, Valori& valori) : t_(testo), valori_(valori) {
+        valori_.reserve(valori_.size() + t_.size() + 8);
     }
 
-    std::vector<std::uint8_t> Valori() && {
+    void Scrivi() {
         set_ = Partenza();
-        valori_.push_back(set_);
+        Metti(set_);
         while (p_ < t_.size()) {
             if (set_ == StartC)
                 PassoC();
             else
                 PassoAB();
         }
-        return std::move(valori_);
     }
 
 private:
-    std::uint8_t Partenza() const {
+    // Index of the first character from i on that only set A or only set B holds
+    // (t_.size() if none). i never decreases from one call to the next.
+    std::size_t ProssimoEsclusivo(std::size_t i) {
+        if (esclusivo_ < i) esclusivo_ = i;
+        while (esclusivo_ < t_.size() && !Esclusivo(Codice(t_, esclusivo_))) ++esclusivo_;
+        return esclusivo_;
+    }
+
+    std::uint8_t Partenza() {
         if (t_.size() >= 4 && CorsaCifre(t_, 0, 4) >= 4) return StartC;
         // A character that needs set A or B only decides when it is not the last one:
         // "AB" + control starts in B and switches for its last character.
-        const std::size_t j = prossimo_[0];
+        const std::size_t j = ProssimoEsclusivo(0);
         if (j + 1 >= t_.size()) return StartB;
         return Controllo(Codice(t_, j)) ? StartA : StartB;
     }
 
-    void Metti(std::uint8_t v) { valori_.push_back(v); }
+    void Metti(std::uint8_t v) { valori_.push_back(static_cast<typename Valori::value_type>(v)); }
 
     bool UltimoO(std::size_t i, bool (*prova)(unsigned)) const {
         return i + 1 >= t_.size() || !prova(Codice(t_, i + 1));
@@ -160,7 +173,7 @@ private:
 
     // Leaves set C for the set that suits the rest from p_.
     void EsciDaC() {
-        set_ = Scegli(t_, p_, prossimo_[p_]) == StartB ? StartB : StartA;
+        set_ = Scegli(t_, p_, ProssimoEsclusivo(p_)) == StartB ? StartB : StartA;
         Metti(set_ == StartB ? CodeB : CodeA);
     }
 
@@ -168,7 +181,7 @@ private:
         if (!IsDigit(t_[p_])) {
             // Only a leading FNC1 before four or more digits gets here with set C as the
             // answer: it is written as FNC1 and set C goes on.
-            if (Scegli(t_, p_, prossimo_[p_]) == StartC) {
+            if (Scegli(t_, p_, ProssimoEsclusivo(p_)) == StartC) {
                 Metti(Fnc1);
                 ++p_;
             } else {
@@ -196,13 +209,38 @@ private:
     }
 
     std::string_view t_;
-    std::vector<std::size_t> prossimo_;
-    std::vector<std::uint8_t> valori_;
+    Valori& valori_;
+    std::size_t esclusivo_ = 0;  // last answer of ProssimoEsclusivo
     std::size_t p_ = 0;
     std::uint8_t set_ = StartB;
 };
 
+// Content codes above 132 cannot be encoded.
+bool Codificabile(std::string_view decodificato) {
+    for (char c : decodificato)
+        if (static_cast<unsigned char>(c) > 132) return false;
+    return true;
+}
+
 }  // namespace
+
+void GlifiCode128InPosto(std::string& glifi) {
+    if (glifi.empty()) return;
+    const auto valore = [&](std::size_t i) { return static_cast<unsigned char>(glifi[i]); };
+    long long somma = valore(0);  // the start character weighs 1, like the first value after it
+    for (std::size_t i = 1; i < glifi.size(); ++i) {
+        // The weighted values are 16-bit quantities: beyond 32767 the symbol is too long.
+        const unsigned long long prodotto = static_cast<unsigned long long>(i) * valore(i);
+        if (prodotto > 32767)
+            throw OverflowCheckSum("The content is too long for a Code 128 symbol: the check sum overflows at symbol " +
+                                   std::to_string(i) + " (" + std::to_string(i) + " x " +
+                                   std::to_string(valore(i)) + " is more than 32767)");
+        somma += static_cast<long long>(prodotto);
+    }
+    for (char& c : glifi) c = TabellaGlifi[static_cast<unsigned char>(c)];
+    glifi += TabellaGlifi[static_cast<std::size_t>(somma % 103)];
+    glifi += GlifoStop;
+}
 
 int ScegliSetCode128(std::string_view resto) {
     std::size_t j = 0;
@@ -211,37 +249,33 @@ int ScegliSetCode128(std::string_view resto) {
 }
 
 std::vector<std::uint8_t> ValoriCode128(std::string_view decodificato) {
-    for (char c : decodificato)
-        if (static_cast<unsigned char>(c) > 132) return {};  // not encodable
-    return Codificatore(decodificato).Valori();
+    std::vector<std::uint8_t> valori;
+    if (Codificabile(decodificato)) Codificatore(decodificato, valori).Scrivi();
+    return valori;
+}
+
+bool ValoriCode128(std::string_view decodificato, std::string& valori) {
+    if (!Codificabile(decodificato)) return false;
+    Codificatore(decodificato, valori).Scrivi();
+    return true;
 }
 
 std::string GlifiCode128(const std::vector<std::uint8_t>& valori) {
-    if (valori.empty()) return {};
-    std::string glifi;
-    glifi.reserve(valori.size() + 2);
-    glifi += Glifo(valori[0]);
-    long long somma = valori[0];  // the start character weighs 1, like the first value after it
-    for (std::size_t i = 1; i < valori.size(); ++i) {
-        // The weighted values are 16-bit quantities: beyond 32767 the symbol is too long.
-        const unsigned long long prodotto = static_cast<unsigned long long>(i) * valori[i];
-        if (prodotto > 32767)
-            throw OverflowCheckSum("The content is too long for a Code 128 symbol: the check sum overflows at symbol " +
-                                   std::to_string(i) + " (" + std::to_string(i) + " x " +
-                                   std::to_string(valori[i]) + " is more than 32767)");
-        somma += static_cast<long long>(prodotto);
-        glifi += Glifo(valori[i]);
-    }
-    glifi += Glifo(static_cast<unsigned>(somma % 103));
-    glifi += GlifoStop;
+    std::string glifi(valori.begin(), valori.end());
+    GlifiCode128InPosto(glifi);
     return glifi;
 }
 
+void CodificaCode128(std::string& contenuto, std::string& glifi) {
+    glifi.clear();
+    if (!DecodificaEscapeInPosto(contenuto, 132) || !ValoriCode128(contenuto, glifi)) return;
+    GlifiCode128InPosto(glifi);
+}
+
 std::string CodificaCode128(std::string& contenuto) {
-    auto decodificato = DecodificaEscape(contenuto, 132);
-    if (!decodificato) return {};
-    contenuto = std::move(*decodificato);
-    return GlifiCode128(ValoriCode128(contenuto));
+    std::string glifi;
+    CodificaCode128(contenuto, glifi);
+    return glifi;
 }
 
 }  // namespace krt

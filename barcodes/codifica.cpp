@@ -3,6 +3,7 @@
 #include "barcodes/codifica.h"
 
 #include <array>
+#include <cstdint>
 #include <string_view>
 
 #include "barcodes/codabar.h"
@@ -23,94 +24,99 @@ namespace {
 
 using Controllo = std::string (*)(std::string_view);
 using Codificatore = std::string (*)(std::string_view);
+using CodificatoreIn = void (*)(std::string_view, std::string&);
 
-std::string Avvolgi(char inizio, std::string_view contenuto, char fine) {
-    std::string risultato;
-    risultato.reserve(contenuto.size() + 2);
-    risultato += inizio;
-    risultato += contenuto;
-    risultato += fine;
-    return risultato;
+// The encoders of the table write into glifi, which is empty when they are called.
+void Avvolgi(std::string& glifi, char inizio, std::string_view contenuto, char fine) {
+    glifi.reserve(contenuto.size() + 2);
+    glifi += inizio;
+    glifi += contenuto;
+    glifi += fine;
 }
 
 // Content between start and stop: Code 39 uses "#" at both ends, the others "*" and "#".
 template <Controllo controllo, char inizio = '*'>
-std::string Avvolto(std::string& contenuto, bool checkDigit) {
+void Avvolto(std::string& contenuto, bool checkDigit, std::string& glifi) {
     if (checkDigit) contenuto = controllo(contenuto);
-    return Avvolgi(inizio, contenuto, '#');
+    Avvolgi(glifi, inizio, contenuto, '#');
 }
 
 template <Controllo controllo, Codificatore codifica>
-std::string Codificato(std::string& contenuto, bool checkDigit) {
+void Codificato(std::string& contenuto, bool checkDigit, std::string& glifi) {
     if (checkDigit) contenuto = controllo(contenuto);
-    return codifica(contenuto);
+    glifi = codifica(contenuto);
 }
 
 // EAN/UPC: the check is formed on the leftmost digits that precede it.
-template <std::size_t cifre, Controllo controllo, Codificatore codifica>
-std::string CodificatoEAN(std::string& contenuto, bool checkDigit) {
+template <std::size_t cifre, Controllo controllo, CodificatoreIn codifica>
+void CodificatoEAN(std::string& contenuto, bool checkDigit, std::string& glifi) {
     if (checkDigit) contenuto = controllo(std::string_view(contenuto).substr(0, cifre));
-    return codifica(contenuto);
+    codifica(contenuto, glifi);
 }
 
 template <std::size_t cifre, Codificatore codifica>
-std::string AddOn(std::string& contenuto, bool) {
-    return codifica(std::string_view(contenuto).substr(0, cifre));
+void AddOn(std::string& contenuto, bool, std::string& glifi) {
+    glifi = codifica(std::string_view(contenuto).substr(0, cifre));
 }
 
-std::string Codice11(std::string& contenuto, bool checkDigit) {
+void Codice11(std::string& contenuto, bool checkDigit, std::string& glifi) {
     if (checkDigit) CalcolaCheck11(contenuto);
-    return Avvolgi('*', contenuto, '#');
+    Avvolgi(glifi, '*', contenuto, '#');
 }
 
-std::string MSI(std::string& contenuto, bool checkDigit) {
+void MSI(std::string& contenuto, bool checkDigit, std::string& glifi) {
     if (checkDigit) contenuto = CalcolaCheckMSI(contenuto, 2);
-    return Avvolgi('*', contenuto, '#');
+    Avvolgi(glifi, '*', contenuto, '#');
 }
 
 // Bars, then the human-readable line "A" + the digits.
-std::string Codice32ConTesto(std::string& contenuto, bool checkDigit) {
+void Codice32ConTesto(std::string& contenuto, bool checkDigit, std::string& glifi) {
     if (checkDigit) contenuto = CalcolaCheck32(contenuto);
-    std::string risultato = "|";
-    risultato += CodificaCodice32(contenuto);
-    risultato += "\r\nA";
-    risultato += contenuto;
-    return risultato;
+    glifi += '|';
+    glifi += CodificaCodice32(contenuto);
+    glifi += "\r\nA";
+    glifi += contenuto;
 }
 
-std::string Code128(std::string& contenuto, bool) { return CodificaCode128(contenuto); }
-std::string Ean128(std::string& contenuto, bool) { return CodificaEan128(contenuto); }
-std::string Code39Full(std::string& contenuto, bool checkDigit) { return CodificaCode39Full(contenuto, checkDigit); }
-std::string Code93Full(std::string& contenuto, bool checkDigit) { return CodificaCode93Full(contenuto, checkDigit); }
+void Code128(std::string& contenuto, bool, std::string& glifi) { CodificaCode128(contenuto, glifi); }
+void Ean128(std::string& contenuto, bool, std::string& glifi) { CodificaEan128(contenuto, glifi); }
+void Code39Full(std::string& contenuto, bool checkDigit, std::string& glifi) {
+    glifi = CodificaCode39Full(contenuto, checkDigit);
+}
+void Code93Full(std::string& contenuto, bool checkDigit, std::string& glifi) {
+    glifi = CodificaCode93Full(contenuto, checkDigit);
+}
 
 // The hyphenated ISBN above the bars of its EAN-13 number, whatever the check option.
-std::string ConTestoISBN(std::string_view marcatore, std::string_view numero, std::string_view ean12,
-                         bool isbn13) {
+void ConTestoISBN(std::string_view marcatore, std::string_view numero, std::string_view ean12, bool isbn13,
+                  std::string& glifi) {
     std::string isbn10, isbn13Testo;
     ConvertiISBN(CalcolaCheckISBN(numero), isbn10, isbn13Testo);
-    std::string risultato(marcatore);
-    risultato += CodificaTestoISBN(isbn13 ? isbn13Testo : isbn10);
-    risultato += "\r\n";
-    risultato += CodificaEAN13(CalcolaCheckEAN(ean12));
-    return risultato;
+    glifi += marcatore;
+    glifi += CodificaTestoISBN(isbn13 ? isbn13Testo : isbn10);
+    glifi += "\r\n";
+    glifi += CodificaEAN13(CalcolaCheckEAN(ean12));
 }
 
-std::string ISBN10(std::string& contenuto, bool) {
+void ISBN10(std::string& contenuto, bool, std::string& glifi) {
     const std::string_view nove = std::string_view(contenuto).substr(0, 9);
-    return ConTestoISBN("--$", nove, "978" + std::string(nove), false);
+    ConTestoISBN("--$", nove, "978" + std::string(nove), false, glifi);
 }
 
-std::string ISBN13(std::string& contenuto, bool) {
+void ISBN13(std::string& contenuto, bool, std::string& glifi) {
     const std::string_view dodici = std::string_view(contenuto).substr(0, 12);
-    return ConTestoISBN("$", dodici, dodici, true);
+    ConTestoISBN("$", dodici, dodici, true, glifi);
 }
 
 struct Simbologia {
-    std::string_view codice;
-    std::string (*codifica)(std::string& contenuto, bool checkDigit);
+    std::uint64_t chiave;  // ChiaveCodice of the code
+    void (*codifica)(std::string& contenuto, bool checkDigit, std::string& glifi);
+
+    constexpr Simbologia(std::string_view codice, void (*codificatore)(std::string&, bool, std::string&))
+        : chiave(ChiaveCodice(codice)), codifica(codificatore) {}
 };
 
-constexpr std::array<Simbologia, 31> Simbologie = {{
+constexpr auto Simbologie = OrdinaPerChiave(std::array<Simbologia, 31>{{
     {"POSTNET", Avvolto<CalcolaCheckPostnet>},
     {"C39", Avvolto<CalcolaCheck39, '#'>},
     {"C39FULL", Code39Full},
@@ -142,16 +148,24 @@ constexpr std::array<Simbologia, 31> Simbologie = {{
     {"E128", Ean128},
     {"ISBN", ISBN10},
     {"ISBN13", ISBN13},
-}};
+}});
 
 }  // namespace
 
 std::string CodificaBarcode(std::string contenuto, std::string codice, bool checkDigit) {
-    for (char& c : codice) c = InMaiuscolo(c);
-    if (!ValidaCodice(contenuto, codice, checkDigit)) return {};
-    for (const auto& s : Simbologie)
-        if (StessoCodice(s.codice, codice)) return s.codifica(contenuto, checkDigit);
-    return {};
+    std::string glifi;
+    CodificaBarcode(contenuto, codice, checkDigit, glifi);
+    return glifi;
+}
+
+void CodificaBarcode(std::string& contenuto, std::string_view codice, bool checkDigit, std::string& glifi) {
+    glifi.clear();
+    char maiuscolo[7];  // the longest code; a longer text names none
+    if (codice.size() > sizeof maiuscolo) return;
+    for (std::size_t i = 0; i < codice.size(); ++i) maiuscolo[i] = InMaiuscolo(codice[i]);
+    const std::string_view chiave(maiuscolo, codice.size());
+    if (!ValidaCodice(contenuto, chiave, checkDigit)) return;
+    if (const Simbologia* s = TrovaPerChiave(Simbologie, ChiaveCodice(chiave))) s->codifica(contenuto, checkDigit, glifi);
 }
 
 }  // namespace krt

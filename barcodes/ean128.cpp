@@ -8,14 +8,18 @@
 
 namespace krt {
 
+void CodificaEan128(std::string& contenuto, std::string& glifi) {
+    glifi.clear();
+    if (!DecodificaEscapeInPosto(contenuto, 132) || !ValoriCode128(contenuto, glifi)) return;
+    constexpr char Fnc1 = 102;
+    glifi.insert(glifi.begin() + 1, Fnc1);
+    GlifiCode128InPosto(glifi);
+}
+
 std::string CodificaEan128(std::string& contenuto) {
-    auto decodificato = DecodificaEscape(contenuto, 132);
-    if (!decodificato) return {};
-    contenuto = std::move(*decodificato);
-    auto valori = ValoriCode128(contenuto);
-    constexpr std::uint8_t Fnc1 = 102;
-    valori.insert(valori.begin() + 1, Fnc1);
-    return GlifiCode128(valori);
+    std::string glifi;
+    CodificaEan128(contenuto, glifi);
+    return glifi;
 }
 
 }  // namespace krt

@@ -4,4 +4,6 @@
 
 namespace krt {
 std::string CodificaEan128(std::string& contenuto);
+// The same, writing the glyphs into glifi to reuse its storage.
+void CodificaEan128(std::string& contenuto, std::string& glifi);
 }

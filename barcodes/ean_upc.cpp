@@ -69,55 +69,74 @@ std::string CodificaAddOn(std::string_view cifre, std::string_view parita) {
 
 }  // namespace
 
-std::string CodificaEAN13(std::string_view cifre) {
-    if (!CifreEsatte(cifre, 13)) return {};
+void CodificaEAN13(std::string_view cifre, std::string& glifi) {
+    glifi.clear();
+    if (!CifreEsatte(cifre, 13)) return;
     const std::string_view parita = ParitaEAN13[ValoreCifra(cifre[0])];
-    char glifi[16];
-    glifi[0] = cifre[0];
-    glifi[1] = GuardiaNormale;
-    for (std::size_t i = 0; i < 6; ++i) glifi[2 + i] = Glifo(parita[i] == 'A' ? SetA : SetB, cifre[1 + i]);
-    glifi[8] = GuardiaCentrale;
-    for (std::size_t i = 0; i < 6; ++i) glifi[9 + i] = Glifo(SetC, cifre[7 + i]);
-    glifi[15] = GuardiaNormale;
-    return std::string(glifi, sizeof glifi);
+    char g[16];
+    g[0] = cifre[0];
+    g[1] = GuardiaNormale;
+    for (std::size_t i = 0; i < 6; ++i) g[2 + i] = Glifo(parita[i] == 'A' ? SetA : SetB, cifre[1 + i]);
+    g[8] = GuardiaCentrale;
+    for (std::size_t i = 0; i < 6; ++i) g[9 + i] = Glifo(SetC, cifre[7 + i]);
+    g[15] = GuardiaNormale;
+    glifi.assign(g, sizeof g);
 }
 
-std::string CodificaEAN8(std::string_view cifre) {
-    if (!CifreEsatte(cifre, 8)) return {};
-    std::string risultato;
-    risultato.reserve(11);
-    risultato += GuardiaNormale;
-    AggiungiInSet(risultato, cifre.substr(0, 4), SetA);
-    risultato += GuardiaCentrale;
-    AggiungiInSet(risultato, cifre.substr(4, 4), SetC);
-    risultato += GuardiaNormale;
-    return risultato;
+void CodificaEAN8(std::string_view cifre, std::string& glifi) {
+    glifi.clear();
+    if (!CifreEsatte(cifre, 8)) return;
+    glifi += GuardiaNormale;
+    AggiungiInSet(glifi, cifre.substr(0, 4), SetA);
+    glifi += GuardiaCentrale;
+    AggiungiInSet(glifi, cifre.substr(4, 4), SetC);
+    glifi += GuardiaNormale;
 }
 
-std::string CodificaUPCA(std::string_view cifre) {
-    if (!CifreEsatte(cifre, 12)) return {};
-    std::string risultato;
-    risultato.reserve(15);
-    risultato += GuardiaNormale;
-    AggiungiInSet(risultato, cifre.substr(0, 6), SetA);
-    risultato += GuardiaCentrale;
-    AggiungiInSet(risultato, cifre.substr(6, 6), SetC);
-    risultato += GuardiaNormale;
-    return risultato;
+void CodificaUPCA(std::string_view cifre, std::string& glifi) {
+    glifi.clear();
+    if (!CifreEsatte(cifre, 12)) return;
+    glifi += GuardiaNormale;
+    AggiungiInSet(glifi, cifre.substr(0, 6), SetA);
+    glifi += GuardiaCentrale;
+    AggiungiInSet(glifi, cifre.substr(6, 6), SetC);
+    glifi += GuardiaNormale;
 }
 
 // The check digit is not drawn: it chooses the parity. Number system 1 swaps the sets.
-std::string CodificaUPCE(std::string_view cifre) {
-    if (!CifreEsatte(cifre, 8)) return {};
+void CodificaUPCE(std::string_view cifre, std::string& glifi) {
+    glifi.clear();
+    if (!CifreEsatte(cifre, 8)) return;
     const bool scambia = cifre[0] == '1';
-    std::string risultato;
-    risultato.reserve(9);
-    risultato += cifre[0];
-    risultato += GuardiaNormale;
-    AggiungiConParita(risultato, cifre.substr(1, 6), ParitaUPCE[ValoreCifra(cifre[7])],
-                      scambia ? SetB : SetA, scambia ? SetA : SetB);
-    risultato += GuardiaFinaleUPCE;
-    return risultato;
+    glifi += cifre[0];
+    glifi += GuardiaNormale;
+    AggiungiConParita(glifi, cifre.substr(1, 6), ParitaUPCE[ValoreCifra(cifre[7])], scambia ? SetB : SetA,
+                      scambia ? SetA : SetB);
+    glifi += GuardiaFinaleUPCE;
+}
+
+std::string CodificaEAN13(std::string_view cifre) {
+    std::string glifi;
+    CodificaEAN13(cifre, glifi);
+    return glifi;
+}
+
+std::string CodificaEAN8(std::string_view cifre) {
+    std::string glifi;
+    CodificaEAN8(cifre, glifi);
+    return glifi;
+}
+
+std::string CodificaUPCA(std::string_view cifre) {
+    std::string glifi;
+    CodificaUPCA(cifre, glifi);
+    return glifi;
+}
+
+std::string CodificaUPCE(std::string_view cifre) {
+    std::string glifi;
+    CodificaUPCE(cifre, glifi);
+    return glifi;
 }
 
 // Expands the zero-suppressed number to UPC-A and appends the check digit of that.

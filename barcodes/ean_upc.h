@@ -13,4 +13,10 @@ std::string ConvertiUPCE(std::string_view cifre);   // 7 digits -> 8 (check appe
 std::string CodificaAddOn2(std::string_view cifre);
 std::string CodificaAddOn5(std::string_view cifre);
 
+// The same four, writing the glyphs into glifi ("" when refused) to reuse its storage.
+void CodificaEAN13(std::string_view cifre, std::string& glifi);
+void CodificaEAN8(std::string_view cifre, std::string& glifi);
+void CodificaUPCA(std::string_view cifre, std::string& glifi);
+void CodificaUPCE(std::string_view cifre, std::string& glifi);
+
 }  // namespace krt

@@ -6,6 +6,7 @@
 #include <array>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 #include "barcodes/errori.h"
 #include "barcodes/validazione.h"
@@ -152,6 +153,18 @@ std::optional<std::string> DecodificaEscape(std::string_view contenuto, unsigned
         decodificato += static_cast<char>(l.codice);
     }
     return decodificato;
+}
+
+bool DecodificaEscapeInPosto(std::string& contenuto, unsigned codiceMassimo) {
+    if (contenuto.find('\\') == std::string::npos) {  // every character stands for itself
+        for (const char c : contenuto)
+            if (static_cast<unsigned char>(c) > codiceMassimo) return false;
+        return true;
+    }
+    auto decodificato = DecodificaEscape(contenuto, codiceMassimo);
+    if (!decodificato) return false;
+    contenuto = std::move(*decodificato);
+    return true;
 }
 
 double LeggiNumero(std::string_view testo) {

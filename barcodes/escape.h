@@ -25,6 +25,10 @@ std::string DecodificaEscape(std::string_view contenuto);
 // EscapeNonValido on an escape met before that character.
 std::optional<std::string> DecodificaEscape(std::string_view contenuto, unsigned codiceMassimo);
 
+// DecodificaEscape(contenuto, codiceMassimo) in place: false, with the content left as it
+// was, where that gives std::nullopt. A content without a backslash is not copied.
+bool DecodificaEscapeInPosto(std::string& contenuto, unsigned codiceMassimo);
+
 // Lenient decimal reader: leading blanks skipped, an optional sign, digits and one
 // decimal point; reading stops at the first character that cannot continue the
 // number, and no number at all reads as 0.

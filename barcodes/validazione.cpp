@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 
 #include "barcodes/controllo.h"
 
@@ -17,25 +18,6 @@ constexpr std::string_view AlfabetoDelta = "0123456789KLMO";
 constexpr std::string_view InizioFineCodabar = "ABCDEMT*";
 constexpr std::string_view DatiCodabar = "0123456789-$:/.+";
 
-// Fixed lengths: with the check option the user types one digit less.
-struct Lunghezza {
-    std::string_view codice;
-    std::size_t conCheck;
-    std::size_t senzaCheck;
-};
-
-constexpr std::array<Lunghezza, 12> LunghezzeFisse = {{
-    {"EAN8", 7, 8},   {"EAN13", 12, 13}, {"UPCA", 11, 12}, {"UPCE", 7, 8},
-    {"ISBN", 9, 9},   {"ISBN13", 12, 12}, {"ADD2", 2, 2},  {"ADD5", 5, 5},
-    {"C32", 8, 9},    {"C32HRC", 8, 9},  {"ITF", 13, 14},  {"CIP", 6, 7},
-}};
-
-std::size_t LunghezzaFissa(std::string_view codice, bool checkDigit) {
-    for (const auto& l : LunghezzeFisse)
-        if (StessoCodice(l.codice, codice)) return checkDigit ? l.conCheck : l.senzaCheck;
-    return 0;
-}
-
 bool TuttiIn(std::string_view testo, std::string_view alfabeto) {
     return std::all_of(testo.begin(), testo.end(),
                        [&](char c) { return alfabeto.find(c) != std::string_view::npos; });
@@ -47,39 +29,36 @@ std::string Maiuscolo(std::string_view testo) {
     return risultato;
 }
 
-// Digits only, no longer than L, zero-filled on the left up to L.
-bool RegolaLunghezzaFissa(std::string& contenuto, std::size_t lunghezza) {
+// Digits only, no longer than the fixed length L of the code (see the table below),
+// zero-filled on the left up to L.
+bool RegolaFissa(std::string& contenuto, std::size_t lunghezza, bool) {
     if (contenuto.size() > lunghezza || !SoloCifre(contenuto)) return false;
     if (contenuto.size() < lunghezza) contenuto.insert(0, lunghezza - contenuto.size(), '0');
     return true;
 }
 
-bool RegolaFissa(std::string& contenuto, std::string_view codice, bool checkDigit) {
-    return RegolaLunghezzaFissa(contenuto, LunghezzaFissa(codice, checkDigit));
-}
-
-bool RegolaUPCE(std::string& contenuto, std::string_view codice, bool checkDigit) {
-    const bool accettato = RegolaFissa(contenuto, codice, checkDigit);
+bool RegolaUPCE(std::string& contenuto, std::size_t lunghezza, bool checkDigit) {
+    const bool accettato = RegolaFissa(contenuto, lunghezza, checkDigit);
     // Number system 0 or 1 only.
     return accettato && (contenuto.front() == '0' || contenuto.front() == '1');
 }
 
 // ZIP, ZIP+4 or delivery point: 5, 9 or 11 digits, one more without the check option.
-bool RegolaPostnet(std::string& contenuto, std::string_view, bool checkDigit) {
+bool RegolaPostnet(std::string& contenuto, std::size_t, bool checkDigit) {
     const std::size_t k = checkDigit ? 0 : 1;
     const std::size_t n = contenuto.size();
     if (!SoloCifre(contenuto) || n > 11 + k) return false;
     const std::size_t lunghezza = n <= 5 + k ? 5 + k : n <= 9 + k ? 9 + k : 11 + k;
-    return RegolaLunghezzaFissa(contenuto, lunghezza);
+    return RegolaFissa(contenuto, lunghezza, checkDigit);
 }
 
 // Without the check option the seventh digit is not compared, only the remainder tested.
-bool RegolaCIP(std::string& contenuto, std::string_view codice, bool checkDigit) {
-    return RegolaFissa(contenuto, codice, checkDigit) && !CalcolaCheckCIP(contenuto).empty();
+bool RegolaCIP(std::string& contenuto, std::size_t lunghezza, bool checkDigit) {
+    return RegolaFissa(contenuto, lunghezza, checkDigit) && !CalcolaCheckCIP(contenuto).empty();
 }
 
 // One leading zero where needed so that content plus check digit is an even count.
-bool RegolaInterleaved(std::string& contenuto, std::string_view, bool checkDigit) {
+bool RegolaInterleaved(std::string& contenuto, std::size_t, bool checkDigit) {
     if (!SoloCifre(contenuto)) return false;
     const std::size_t n = contenuto.size();
     const bool aggiungi = checkDigit ? n % 2 == 0 : n % 2 == 1;
@@ -87,15 +66,15 @@ bool RegolaInterleaved(std::string& contenuto, std::string_view, bool checkDigit
     return true;
 }
 
-bool RegolaCifre(std::string& contenuto, std::string_view, bool) { return SoloCifre(contenuto); }
+bool RegolaCifre(std::string& contenuto, std::size_t, bool) { return SoloCifre(contenuto); }
 
-bool RegolaCodice11(std::string& contenuto, std::string_view, bool) { return TuttiIn(contenuto, Alfabeto11); }
+bool RegolaCodice11(std::string& contenuto, std::size_t, bool) { return TuttiIn(contenuto, Alfabeto11); }
 
-bool RegolaMSI(std::string& contenuto, std::string_view, bool checkDigit) {
+bool RegolaMSI(std::string& contenuto, std::size_t, bool checkDigit) {
     return SoloCifre(contenuto) && contenuto.size() <= (checkDigit ? 13u : 15u);
 }
 
-bool Accetta(std::string&, std::string_view, bool) { return true; }
+bool Accetta(std::string&, std::size_t, bool) { return true; }
 
 // Upper case, a length limit and an alphabet; the content is rewritten only on acceptance.
 bool AccettaMaiuscolo(std::string& contenuto, std::size_t massimo, std::string_view alfabeto) {
@@ -106,19 +85,19 @@ bool AccettaMaiuscolo(std::string& contenuto, std::size_t massimo, std::string_v
     return true;
 }
 
-bool RegolaCodice39(std::string& contenuto, std::string_view, bool) {
+bool RegolaCodice39(std::string& contenuto, std::size_t, bool) {
     return AccettaMaiuscolo(contenuto, std::string::npos, Alfabeto39);
 }
 
-bool RegolaPlessey(std::string& contenuto, std::string_view, bool) {
+bool RegolaPlessey(std::string& contenuto, std::size_t, bool) {
     return AccettaMaiuscolo(contenuto, 15, AlfabetoPlessey);
 }
 
-bool RegolaDelta(std::string& contenuto, std::string_view, bool checkDigit) {
+bool RegolaDelta(std::string& contenuto, std::size_t, bool checkDigit) {
     return AccettaMaiuscolo(contenuto, checkDigit ? 15 : 16, AlfabetoDelta);
 }
 
-bool RegolaCodabar(std::string& contenuto, std::string_view, bool) {
+bool RegolaCodabar(std::string& contenuto, std::size_t, bool) {
     std::string maiuscolo = Maiuscolo(contenuto);
     if (maiuscolo.size() < 3) return false;
     if (InizioFineCodabar.find(maiuscolo.front()) == std::string_view::npos ||
@@ -130,42 +109,66 @@ bool RegolaCodabar(std::string& contenuto, std::string_view, bool) {
 }
 
 struct Regola {
-    std::string_view codice;
-    bool (*valida)(std::string& contenuto, std::string_view codice, bool checkDigit);
+    std::uint64_t chiave;  // ChiaveCodice of the code
+    bool (*valida)(std::string& contenuto, std::size_t lunghezza, bool checkDigit);
+    std::uint8_t conCheck = 0;    // fixed length with the check option, 0 for none
+    std::uint8_t senzaCheck = 0;  // and without it
+
+    constexpr Regola(std::string_view codice, bool (*regola)(std::string&, std::size_t, bool),
+                     std::uint8_t lunghezzaConCheck = 0, std::uint8_t lunghezzaSenzaCheck = 0)
+        : chiave(ChiaveCodice(codice)), valida(regola), conCheck(lunghezzaConCheck),
+          senzaCheck(lunghezzaSenzaCheck) {}
 };
 
 // Codes not listed (the Inverted and Compressed 2 of 5 among them) are accepted unchanged.
-constexpr std::array<Regola, 29> Regole = {{
-    {"UPCE", RegolaUPCE},
-    {"EAN8", RegolaFissa},       {"EAN13", RegolaFissa}, {"ISBN", RegolaFissa},
-    {"ISBN13", RegolaFissa},     {"UPCA", RegolaFissa},  {"ADD2", RegolaFissa},
-    {"ADD5", RegolaFissa},
+constexpr auto Regole = OrdinaPerChiave(std::array<Regola, 29>{{
+    {"UPCE", RegolaUPCE, 7, 8},
+    {"EAN8", RegolaFissa, 7, 8},    {"EAN13", RegolaFissa, 12, 13}, {"ISBN", RegolaFissa, 9, 9},
+    {"ISBN13", RegolaFissa, 12, 12}, {"UPCA", RegolaFissa, 11, 12},  {"ADD2", RegolaFissa, 2, 2},
+    {"ADD5", RegolaFissa, 5, 5},
     {"POSTNET", RegolaPostnet},
-    {"CIP", RegolaCIP},
+    {"CIP", RegolaCIP, 6, 7},
     {"C25", RegolaInterleaved},
     {"CIND25", RegolaCifre},     {"C5BARS", RegolaCifre}, {"C3BARS", RegolaCifre},
     {"CBCD", RegolaCifre},
     {"C11", RegolaCodice11},
     {"CMSI", RegolaMSI},
-    {"C32", RegolaFissa},        {"C32HRC", RegolaFissa}, {"ITF", RegolaFissa},
+    {"C32", RegolaFissa, 8, 9},   {"C32HRC", RegolaFissa, 8, 9}, {"ITF", RegolaFissa, 13, 14},
     {"C128", Accetta},           {"E128", Accetta},       {"C39FULL", Accetta},
     {"C93FULL", Accetta},
     {"C39", RegolaCodice39},     {"C93", RegolaCodice39},  // one alphabet for both
     {"PLESSEY", RegolaPlessey},
     {"DELTA", RegolaDelta},
     {"CBAR", RegolaCodabar},
-}};
+}});
 
 }  // namespace
 
 bool ValidaCodice(std::string& contenuto, std::string_view codice, bool checkDigit) {
-    for (const auto& r : Regole)
-        if (StessoCodice(r.codice, codice)) return r.valida(contenuto, codice, checkDigit);
-    return true;
+    const Regola* r = TrovaPerChiave(Regole, ChiaveCodice(codice));
+    if (r == nullptr) return true;
+    return r->valida(contenuto, checkDigit ? r->conCheck : r->senzaCheck, checkDigit);
 }
 
+namespace {
+
+// Eight characters at once: a byte is a digit when its high nibble is 3 and stays 3
+// once 6 is added (no byte carries into the next).
+bool OttoCifre(const char* otto) {
+    constexpr std::uint64_t Alti = 0xF0F0F0F0F0F0F0F0, Tre = 0x3030303030303030, Sei = 0x0606060606060606;
+    std::uint64_t x;
+    std::memcpy(&x, otto, sizeof x);
+    return (x & Alti) == Tre && ((x + Sei) & Alti) == Tre;
+}
+
+}  // namespace
+
 bool SoloCifre(std::string_view testo) {
-    return std::all_of(testo.begin(), testo.end(), [](char c) { return IsDigit(c); });
+    const std::size_t n = testo.size();
+    if (n < 8) return std::all_of(testo.begin(), testo.end(), [](char c) { return IsDigit(c); });
+    for (std::size_t i = 0; i + 8 < n; i += 8)
+        if (!OttoCifre(testo.data() + i)) return false;
+    return OttoCifre(testo.data() + n - 8);  // the last eight, overlapping the words before
 }
 
 std::string RiempiSinistra(std::string_view testo, std::size_t lunghezza, std::string_view riempimento) {

@@ -1,5 +1,9 @@
 // Content validation and the small text helpers it shares with the rest of the program.
 #pragma once
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -17,6 +21,32 @@ constexpr bool StessoCodice(std::string_view a, std::string_view b) {
         if (a[i] != b[i]) return false;
     return true;
 }
+// A symbology code as one integer: its bytes from the lowest up, its length in the top
+// byte. Codes are at most seven bytes long, so tables keyed by code compare one word per
+// row; a longer text gives NessunCodice, which no row carries.
+constexpr std::uint64_t NessunCodice = ~std::uint64_t{0};
+constexpr std::uint64_t ChiaveCodice(std::string_view codice) {
+    if (codice.size() > 7) return NessunCodice;
+    std::uint64_t chiave = std::uint64_t{codice.size()} << 56;
+    for (std::size_t i = 0; i < codice.size(); ++i)
+        chiave |= std::uint64_t{static_cast<unsigned char>(codice[i])} << (8 * i);
+    return chiave;
+}
+
+// Tables keyed by code: the rows (each with a `chiave` member) are sorted by key once,
+// at compile time, and found by binary search.
+template <class Riga, std::size_t N>
+constexpr std::array<Riga, N> OrdinaPerChiave(std::array<Riga, N> righe) {
+    std::sort(righe.begin(), righe.end(), [](const Riga& a, const Riga& b) { return a.chiave < b.chiave; });
+    return righe;
+}
+template <class Riga, std::size_t N>
+constexpr const Riga* TrovaPerChiave(const std::array<Riga, N>& righe, std::uint64_t chiave) {
+    const auto riga = std::lower_bound(righe.begin(), righe.end(), chiave,
+                                       [](const Riga& r, std::uint64_t k) { return r.chiave < k; });
+    return riga != righe.end() && riga->chiave == chiave ? &*riga : nullptr;
+}
+
 // Value of a digit character, 0 for any other character.
 constexpr int ValoreCifra(char c) { return IsDigit(c) ? c - '0' : 0; }
 
