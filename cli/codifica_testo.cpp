@@ -20,26 +20,29 @@ constexpr std::array<char16_t, 32> Cp1252Alto{
 
 constexpr char32_t NonValido = 0xFFFFFFFF;
 
-// UTF-8 form of every byte 0x80-0xFF, built once from the table above.
-struct Utf8Alto {
+// UTF-8 form of every byte, built once from the table above: up to three bytes and
+// how many of them count.
+struct Utf8DiByte {
     std::array<char, 3> byte;
-    std::size_t lunghezza;
+    std::uint8_t lunghezza;
 };
-constexpr std::array<Utf8Alto, 128> CostruisciUtf8Alto() {
-    std::array<Utf8Alto, 128> t{};
-    for (std::size_t k = 0; k < t.size(); ++k) {
-        const char32_t cp = k < 32 ? Cp1252Alto[k] : static_cast<char32_t>(0x80 + k);
-        if (cp < 0x800) {
-            t[k] = {{static_cast<char>(0xC0 | (cp >> 6)), static_cast<char>(0x80 | (cp & 0x3F)), 0}, 2};
+constexpr std::array<Utf8DiByte, 256> CostruisciUtf8DiByte() {
+    std::array<Utf8DiByte, 256> t{};
+    for (std::size_t b = 0; b < t.size(); ++b) {
+        const char32_t cp = b >= 0x80 && b < 0xA0 ? Cp1252Alto[b - 0x80] : static_cast<char32_t>(b);
+        if (cp < 0x80) {
+            t[b] = {{static_cast<char>(cp), 0, 0}, 1};
+        } else if (cp < 0x800) {
+            t[b] = {{static_cast<char>(0xC0 | (cp >> 6)), static_cast<char>(0x80 | (cp & 0x3F)), 0}, 2};
         } else {
-            t[k] = {{static_cast<char>(0xE0 | (cp >> 12)), static_cast<char>(0x80 | ((cp >> 6) & 0x3F)),
+            t[b] = {{static_cast<char>(0xE0 | (cp >> 12)), static_cast<char>(0x80 | ((cp >> 6) & 0x3F)),
                      static_cast<char>(0x80 | (cp & 0x3F))},
                     3};
         }
     }
     return t;
 }
-constexpr std::array<Utf8Alto, 128> TabellaUtf8Alto = CostruisciUtf8Alto();
+constexpr std::array<Utf8DiByte, 256> TabellaUtf8 = CostruisciUtf8DiByte();
 
 // Length of the leading run of ASCII bytes, which both encodings write alike.
 // Eight bytes at a time: batch lines are mostly ASCII.
@@ -127,33 +130,28 @@ int ByteCp1252(char32_t cp) {
 void AccodaCp1252InUtf8(std::string& uscita, std::string_view byte) {
     const std::size_t ascii = LunghezzaAscii(byte);
     uscita.append(byte.substr(0, ascii));
-    if (ascii == byte.size()) return;
-    // At most three UTF-8 bytes per byte: write in place, then cut to what was written.
-    const std::size_t inizio = uscita.size();
-    uscita.resize(inizio + 3 * (byte.size() - ascii));
-    char* p = uscita.data() + inizio;
-    for (const char c : byte.substr(ascii)) {
-        const auto b = static_cast<unsigned char>(c);
-        if (b < 0x80) {
-            *p++ = c;
-        } else {
-            const Utf8Alto& u = TabellaUtf8Alto[b - 0x80];
-            std::memcpy(p, u.byte.data(), 3);  // room for 3 is there; only lunghezza count
+    byte.remove_prefix(ascii);
+    // The rest a piece at a time through a buffer with room for three UTF-8 bytes per
+    // byte: each byte copies its three table bytes, and only its own count moves on.
+    constexpr std::size_t Pezzo = 128;
+    char utf8[3 * Pezzo];
+    while (!byte.empty()) {
+        const std::string_view parte = byte.substr(0, Pezzo);
+        char* p = utf8;
+        for (const char c : parte) {
+            const Utf8DiByte& u = TabellaUtf8[static_cast<unsigned char>(c)];
+            std::memcpy(p, u.byte.data(), u.byte.size());
             p += u.lunghezza;
         }
+        uscita.append(utf8, static_cast<std::size_t>(p - utf8));
+        byte.remove_prefix(parte.size());
     }
-    uscita.resize(static_cast<std::size_t>(p - uscita.data()));
 }
 
 bool Utf8InCp1252(std::string_view testo, std::string& uscita, std::string& errore) {
-    uscita.clear();
-    uscita.reserve(testo.size());
-    std::size_t i = 0;
+    std::size_t i = LunghezzaAscii(testo);
+    uscita.assign(testo.substr(0, i));
     while (i < testo.size()) {
-        const std::size_t ascii = LunghezzaAscii(testo.substr(i));
-        uscita.append(testo.substr(i, ascii));
-        i += ascii;
-        if (i == testo.size()) break;
         const std::size_t inizio = i;
         const char32_t cp = LeggiUtf8(testo, i);
         if (cp == NonValido) {
@@ -168,6 +166,9 @@ bool Utf8InCp1252(std::string_view testo, std::string& uscita, std::string& erro
             return false;
         }
         uscita += static_cast<char>(b);
+        const std::size_t ascii = LunghezzaAscii(testo.substr(i));
+        uscita.append(testo.substr(i, ascii));
+        i += ascii;
     }
     return true;
 }

@@ -76,17 +76,28 @@ bool RisolviSimbologia(std::string_view testo, std::string_view stile, Simbologi
 
 RisultatoRiga CodificaRiga(const Simbologia& simbologia, const OpzioniCli& opzioni, std::string_view riga) {
     RisultatoRiga r;
-    std::string contenuto;
+    CodificaRiga(simbologia, opzioni, riga, r);
+    return r;
+}
+
+void CodificaRiga(const Simbologia& simbologia, const OpzioniCli& opzioni, std::string_view riga,
+                  RisultatoRiga& r) {
+    r.contenuto.clear();
+    r.codice.clear();
+    r.glifi.clear();
+    r.hrc.clear();
+    r.errore.clear();
+    std::string& contenuto = r.testo;
     if (opzioni.ingresso == CodificaIngresso::Cp1252) {
-        contenuto = riga;
+        contenuto.assign(riga);
         if (opzioni.formato == FormatoUscita::Json) AccodaCp1252InUtf8(r.contenuto, riga);
     } else {
         if (opzioni.formato == FormatoUscita::Json) r.contenuto = riga;
-        if (!Utf8InCp1252(riga, contenuto, r.errore)) return r;
+        if (!Utf8InCp1252(riga, contenuto, r.errore)) return;
     }
     if (contenuto.size() > LunghezzaMassimaContenuto) {
         r.errore = "content longer than " + std::to_string(LunghezzaMassimaContenuto) + " characters";
-        return r;
+        return;
     }
 
     try {
@@ -95,13 +106,13 @@ RisultatoRiga CodificaRiga(const Simbologia& simbologia, const OpzioniCli& opzio
             GenerazioneVoce g = GeneraVoce(*simbologia.voce, contenuto, o);
             if (!g.accettato) {
                 r.errore = contenuto.empty() ? "empty content" : MotivoRifiuto(simbologia);
-                return r;
+                return;
             }
             r.codice = std::move(g.codice);
             r.glifi = std::move(g.glifi);
             if (opzioni.hrc) r.hrc = std::move(g.hrc);
         } else {
-            r.glifi = CodificaBarcode(std::move(contenuto), simbologia.codice, opzioni.check);
+            CodificaBarcode(contenuto, simbologia.codice, opzioni.check, r.glifi);
         }
         if (r.glifi.empty()) r.errore = MotivoRifiuto(simbologia);
     } catch (const EscapeNonValido& e) {
@@ -117,7 +128,6 @@ RisultatoRiga CodificaRiga(const Simbologia& simbologia, const OpzioniCli& opzio
         r.glifi.clear();
         r.hrc.clear();
     }
-    return r;
 }
 
 void AccodaRisultato(std::string& uscita, const Simbologia& simbologia, const RisultatoRiga& r,

@@ -26,11 +26,16 @@ struct RisultatoRiga {
     std::string glifi;      // Windows-1252 glyph string, "" when refused
     std::string hrc;        // Windows-1252 HRC text (display names only)
     std::string errore;     // one-line reason, "" when the content was encoded
+    std::string testo;      // the content in Windows-1252 as the engine left it (not written)
 };
 
 // Encodes one content given in the input encoding. Never throws for any input: refusals,
 // bad input text and the engine's faults come back in errore.
 RisultatoRiga CodificaRiga(const Simbologia& simbologia, const OpzioniCli& opzioni, std::string_view riga);
+// The same into risultato, whose strings keep their storage: a batch that passes the
+// same result for every line allocates nothing per line once they have grown.
+void CodificaRiga(const Simbologia& simbologia, const OpzioniCli& opzioni, std::string_view riga,
+                  RisultatoRiga& risultato);
 
 // Appends the result in the chosen format, ending with a line feed.
 void AccodaRisultato(std::string& uscita, const Simbologia& simbologia, const RisultatoRiga& risultato,

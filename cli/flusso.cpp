@@ -53,33 +53,63 @@ bool LettoreRighe::Riempi() {
     return false;
 }
 
-bool LettoreRighe::Prossima(std::string& riga, bool& troppoLunga) {
-    riga.clear();
+// The line end, applied to the bytes of a whole line: the CR before the LF (or at the
+// end of the input) goes, and a line over the limit keeps its beginning only. A line
+// is gathered with one byte beyond the limit at most, in case that byte is the CR.
+std::string_view LettoreRighe::Chiudi(std::string_view riga, bool& troppoLunga) const {
+    if (riga.size() > lunghezzaMassima_ + 1) {
+        troppoLunga = true;
+        riga = riga.substr(0, lunghezzaMassima_ + 1);
+    }
+    if (!troppoLunga && !riga.empty() && riga.back() == '\r') riga.remove_suffix(1);
+    if (riga.size() > lunghezzaMassima_) {
+        troppoLunga = true;
+        riga = riga.substr(0, lunghezzaMassima_);
+    }
+    return riga;
+}
+
+bool LettoreRighe::Prossima(std::string_view& riga, bool& troppoLunga) {
     troppoLunga = false;
-    bool letto = false;
+    if (inizio_ == fine_ && !Riempi()) return false;
+    const char* dati = buffer_.data() + inizio_;
+    const std::size_t disponibili = fine_ - inizio_;
+    if (const auto* lf = static_cast<const char*>(std::memchr(dati, '\n', disponibili))) {
+        // The whole line is in the buffer: it is read where it lies.
+        const std::size_t lunghezza = static_cast<std::size_t>(lf - dati);
+        inizio_ += lunghezza + 1;
+        riga = Chiudi(std::string_view(dati, lunghezza), troppoLunga);
+        return true;
+    }
+
+    // The line goes on past the data read so far.
+    spezzata_.clear();
     for (;;) {
-        if (inizio_ == fine_ && !Riempi()) break;
-        letto = true;
-        const char* dati = buffer_.data() + inizio_;
+        const char* parte = buffer_.data() + inizio_;
         const std::size_t disponibili = fine_ - inizio_;
-        const auto* lf = static_cast<const char*>(std::memchr(dati, '\n', disponibili));
-        const std::size_t parte = lf != nullptr ? static_cast<std::size_t>(lf - dati) : disponibili;
-        // One byte beyond the limit is kept, in case it is the CR of the line end.
-        const std::size_t spazio = lunghezzaMassima_ + 1 - std::min(riga.size(), lunghezzaMassima_ + 1);
-        if (parte > spazio) troppoLunga = true;
-        riga.append(dati, std::min(parte, spazio));
-        inizio_ += parte;
+        const auto* lf = static_cast<const char*>(std::memchr(parte, '\n', disponibili));
+        const std::size_t lunghezza = lf != nullptr ? static_cast<std::size_t>(lf - parte) : disponibili;
+        const std::size_t spazio = lunghezzaMassima_ + 1 - std::min(spezzata_.size(), lunghezzaMassima_ + 1);
+        if (lunghezza > spazio) troppoLunga = true;
+        spezzata_.append(parte, std::min(lunghezza, spazio));
+        inizio_ += lunghezza;
         if (lf != nullptr) {
             ++inizio_;
             break;
         }
+        if (!Riempi()) break;
     }
-    if (!letto) return false;
-    if (!troppoLunga && !riga.empty() && riga.back() == '\r') riga.pop_back();
-    if (riga.size() > lunghezzaMassima_) {
-        troppoLunga = true;
-        riga.resize(lunghezzaMassima_);
+    riga = Chiudi(spezzata_, troppoLunga);
+    return true;
+}
+
+bool LettoreRighe::Prossima(std::string& riga, bool& troppoLunga) {
+    std::string_view vista;
+    if (!Prossima(vista, troppoLunga)) {
+        riga.clear();
+        return false;
     }
+    riga.assign(vista);
     return true;
 }
 

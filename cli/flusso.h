@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace krt {
@@ -41,14 +42,19 @@ public:
     // input); false at the end. A line over lunghezzaMassima bytes sets troppoLunga and
     // keeps only its beginning, so memory stays bounded whatever the input.
     bool Prossima(std::string& riga, bool& troppoLunga);
+    // The same without a copy: riga views the line inside the reader, valid until the
+    // next call.
+    bool Prossima(std::string_view& riga, bool& troppoLunga);
 
 private:
     bool Riempi();
+    std::string_view Chiudi(std::string_view riga, bool& troppoLunga) const;
 
     int descrittore_;
     std::size_t lunghezzaMassima_;
     std::function<void()> primaDiLeggere_;
     std::vector<char> buffer_;
+    std::string spezzata_;  // a line that runs over the end of buffer_, gathered here
     std::size_t inizio_ = 0;
     std::size_t fine_ = 0;
     bool finito_ = false;

@@ -87,4 +87,12 @@ RisultatoRiga CodificaContenuto(const Simbologia& simbologia, const OpzioniCli& 
     return Codifica(simbologia, opzioni, LeggiRigaGS1(byte));
 }
 
+void CodificaContenuto(const Simbologia& simbologia, const OpzioniCli& opzioni, std::string_view riga,
+                       RisultatoRiga& risultato) {
+    if (opzioni.gs1Ingresso)
+        risultato = CodificaContenuto(simbologia, opzioni, riga);
+    else
+        CodificaRiga(simbologia, opzioni, riga, risultato);
+}
+
 }  // namespace krt

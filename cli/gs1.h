@@ -19,5 +19,8 @@ RisultatoRiga CodificaElementiAI(const Simbologia& simbologia, const OpzioniCli&
 
 // One content line: read as "(AI)VALUE..." with --gs1-input, else as CodificaRiga does.
 RisultatoRiga CodificaContenuto(const Simbologia& simbologia, const OpzioniCli& opzioni, std::string_view riga);
+// The same into risultato, reusing its storage as CodificaRiga does.
+void CodificaContenuto(const Simbologia& simbologia, const OpzioniCli& opzioni, std::string_view riga,
+                       RisultatoRiga& risultato);
 
 }  // namespace krt

@@ -2,6 +2,7 @@
 #include <cstdio>
 #include <span>
 #include <string>
+#include <string_view>
 
 #include "cli/elaborazione.h"
 #include "cli/flusso.h"
@@ -83,15 +84,17 @@ int main(int argc, char** argv) {
             uscita.Scarica();
             errori.Scarica();
         });
-        std::string riga;
+        std::string_view riga;
         bool troppoLunga = false;
+        krt::RisultatoRiga r;  // one for every line: its strings keep their storage
         for (std::size_t numero = 1; lettore.Prossima(riga, troppoLunga); ++numero) {
             if (troppoLunga) {
-                krt::RisultatoRiga r;
-                r.errore = "content longer than " + std::to_string(krt::LunghezzaMassimaContenuto) + " characters";
-                scrivi(r, numero);
+                krt::RisultatoRiga lunga;
+                lunga.errore = "content longer than " + std::to_string(krt::LunghezzaMassimaContenuto) + " characters";
+                scrivi(lunga, numero);
             } else {
-                scrivi(krt::CodificaContenuto(simbologia, opzioni, riga), numero);
+                krt::CodificaContenuto(simbologia, opzioni, riga, r);
+                scrivi(r, numero);
             }
         }
     }
