@@ -2,6 +2,7 @@
 // and hands the result to the encoder of the symbology.
 #include "barcodes/codifica.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <string_view>
@@ -48,9 +49,17 @@ void Codificato(std::string& contenuto, bool checkDigit, std::string& glifi) {
 }
 
 // EAN/UPC: the check is formed on the leftmost digits that precede it.
-template <std::size_t cifre, Controllo controllo, CodificatoreIn codifica>
+template <std::size_t cifre>
+void CheckEAN(std::string& contenuto) {
+    contenuto.resize(std::min(contenuto.size(), cifre));
+    contenuto += CifraCheckEAN(contenuto);
+}
+
+void CheckUPCE(std::string& contenuto) { contenuto = ConvertiUPCE(std::string_view(contenuto).substr(0, 7)); }
+
+template <void (*controllo)(std::string&), CodificatoreIn codifica>
 void CodificatoEAN(std::string& contenuto, bool checkDigit, std::string& glifi) {
-    if (checkDigit) contenuto = controllo(std::string_view(contenuto).substr(0, cifre));
+    if (checkDigit) controllo(contenuto);
     codifica(contenuto, glifi);
 }
 
@@ -135,10 +144,10 @@ constexpr auto Simbologie = OrdinaPerChiave(std::array<Simbologia, 31>{{
     {"C25COMP", Avvolto<CalcolaCheckMod10>},
     {"C11", Codice11},
     {"CMSI", MSI},
-    {"EAN13", CodificatoEAN<12, CalcolaCheckEAN, CodificaEAN13>},
-    {"UPCA", CodificatoEAN<11, CalcolaCheckEAN, CodificaUPCA>},
-    {"EAN8", CodificatoEAN<7, CalcolaCheckEAN, CodificaEAN8>},
-    {"UPCE", CodificatoEAN<7, ConvertiUPCE, CodificaUPCE>},
+    {"EAN13", CodificatoEAN<CheckEAN<12>, CodificaEAN13>},
+    {"UPCA", CodificatoEAN<CheckEAN<11>, CodificaUPCA>},
+    {"EAN8", CodificatoEAN<CheckEAN<7>, CodificaEAN8>},
+    {"UPCE", CodificatoEAN<CheckUPCE, CodificaUPCE>},
     {"ADD2", AddOn<2, CodificaAddOn2>},
     {"ADD5", AddOn<5, CodificaAddOn5>},
     {"C32", Codificato<CalcolaCheck32, CodificaCodice32>},
@@ -160,12 +169,9 @@ std::string CodificaBarcode(std::string contenuto, std::string codice, bool chec
 
 void CodificaBarcode(std::string& contenuto, std::string_view codice, bool checkDigit, std::string& glifi) {
     glifi.clear();
-    char maiuscolo[7];  // the longest code; a longer text names none
-    if (codice.size() > sizeof maiuscolo) return;
-    for (std::size_t i = 0; i < codice.size(); ++i) maiuscolo[i] = InMaiuscolo(codice[i]);
-    const std::string_view chiave(maiuscolo, codice.size());
-    if (!ValidaCodice(contenuto, chiave, checkDigit)) return;
-    if (const Simbologia* s = TrovaPerChiave(Simbologie, ChiaveCodice(chiave))) s->codifica(contenuto, checkDigit, glifi);
+    const std::uint64_t chiave = ChiaveCodice(codice, true);
+    if (!ValidaCodicePerChiave(contenuto, chiave, checkDigit)) return;
+    if (const Simbologia* s = TrovaPerChiave(Simbologie, chiave)) s->codifica(contenuto, checkDigit, glifi);
 }
 
 }  // namespace krt

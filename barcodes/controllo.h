@@ -6,6 +6,7 @@
 namespace krt {
 
 std::string CalcolaCheckEAN(std::string_view contenuto);
+char CifraCheckEAN(std::string_view contenuto);  // the EAN check digit alone
 std::string CalcolaCheck39(std::string_view contenuto);
 std::string CalcolaCheck93(std::string_view contenuto);
 std::string CalcolaCheck25(std::string_view contenuto);

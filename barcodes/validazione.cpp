@@ -145,7 +145,11 @@ constexpr auto Regole = OrdinaPerChiave(std::array<Regola, 29>{{
 }  // namespace
 
 bool ValidaCodice(std::string& contenuto, std::string_view codice, bool checkDigit) {
-    const Regola* r = TrovaPerChiave(Regole, ChiaveCodice(codice));
+    return ValidaCodicePerChiave(contenuto, ChiaveCodice(codice), checkDigit);
+}
+
+bool ValidaCodicePerChiave(std::string& contenuto, std::uint64_t chiave, bool checkDigit) {
+    const Regola* r = TrovaPerChiave(Regole, chiave);
     if (r == nullptr) return true;
     return r->valida(contenuto, checkDigit ? r->conCheck : r->senzaCheck, checkDigit);
 }

@@ -21,15 +21,17 @@ constexpr bool StessoCodice(std::string_view a, std::string_view b) {
         if (a[i] != b[i]) return false;
     return true;
 }
-// A symbology code as one integer: its bytes from the lowest up, its length in the top
-// byte. Codes are at most seven bytes long, so tables keyed by code compare one word per
-// row; a longer text gives NessunCodice, which no row carries.
+// A symbology code as one integer: its bytes from the lowest up (upper-cased first when
+// asked), its length in the top byte. Codes are at most seven bytes long, so tables keyed
+// by code compare one word per row; a longer text gives NessunCodice, which no row carries.
 constexpr std::uint64_t NessunCodice = ~std::uint64_t{0};
-constexpr std::uint64_t ChiaveCodice(std::string_view codice) {
+constexpr std::uint64_t ChiaveCodice(std::string_view codice, bool maiuscolo = false) {
     if (codice.size() > 7) return NessunCodice;
     std::uint64_t chiave = std::uint64_t{codice.size()} << 56;
-    for (std::size_t i = 0; i < codice.size(); ++i)
-        chiave |= std::uint64_t{static_cast<unsigned char>(codice[i])} << (8 * i);
+    for (std::size_t i = 0; i < codice.size(); ++i) {
+        const char c = maiuscolo ? InMaiuscolo(codice[i]) : codice[i];
+        chiave |= std::uint64_t{static_cast<unsigned char>(c)} << (8 * i);
+    }
     return chiave;
 }
 
@@ -53,6 +55,8 @@ constexpr int ValoreCifra(char c) { return IsDigit(c) ? c - '0' : 0; }
 // True when the content may be encoded with the (upper-case) symbology code.
 // May rewrite the content: zero padding on the left, upper case.
 bool ValidaCodice(std::string& contenuto, std::string_view codice, bool checkDigit);
+// The same for a code given by its ChiaveCodice.
+bool ValidaCodicePerChiave(std::string& contenuto, std::uint64_t chiave, bool checkDigit);
 
 // True when every character is "0"-"9" (true for "").
 bool SoloCifre(std::string_view testo);

@@ -98,4 +98,29 @@ TEST(Controllo, CharactersOutsideTheAlphabet) {
     }
 }
 
+// The EAN sums read eight characters at a time: places and non-digits must come out as
+// one character at a time would give them, whatever the length.
+TEST(Controllo, CheckEANOverAnyLength) {
+    const struct {
+        std::string contenuto;
+        char cifra;
+    } casi[] = {
+        {"590123412345", '7'},              // twelve: the even places weigh 3
+        {"5901234123457", '6'},             // thirteen: the odd places weigh 3
+        {"59012341:345", '9'},              // ':' follows '9' but is no digit
+        {"5901234\xB5", '4'},               // a byte whose low bits read 5
+        {"590123\xB5" "4123", '8'},         // the same in the first eight
+        {std::string("9:/\xB9" "0p\xF0\0", 8), '3'},
+        {"9780306406157890", '1'},
+        {"97803064061578905", '6'},
+        {"01234567890123456789012345", '3'},
+        {"1", '7'},
+        {"", '0'},
+    };
+    for (const auto& c : casi) {
+        EXPECT_EQ(krt::CifraCheckEAN(c.contenuto), c.cifra) << "\"" << c.contenuto << "\"";
+        EXPECT_EQ(krt::CalcolaCheckEAN(c.contenuto), c.contenuto + c.cifra) << "\"" << c.contenuto << "\"";
+    }
+}
+
 }  // namespace

@@ -95,6 +95,19 @@ TEST(Validazione, Helpers) {
     EXPECT_TRUE(krt::SoloCifre("0123456789"));
     EXPECT_FALSE(krt::SoloCifre("12 "));
     EXPECT_FALSE(krt::SoloCifre("\xB2"));  // superscript two is no digit
+    // Eight characters are tested at once: one stranger at any place of any word is seen.
+    for (const std::size_t lunghezza : {7u, 8u, 9u, 12u, 13u, 16u, 17u}) {
+        const std::string cifre(lunghezza, '7');
+        EXPECT_TRUE(krt::SoloCifre(cifre)) << lunghezza;
+        for (std::size_t posto = 0; posto < lunghezza; ++posto) {
+            for (const char estraneo : {'/', ':', '\xB5', '\0', 'p'}) {
+                std::string s = cifre;
+                s[posto] = estraneo;
+                EXPECT_FALSE(krt::SoloCifre(s)) << "length " << lunghezza << ", byte " << int(estraneo) << " at "
+                                                << posto;
+            }
+        }
+    }
 
     EXPECT_EQ(krt::RiempiSinistra("12", 5, "0"), "00012");
     EXPECT_EQ(krt::RiempiSinistra("12", 5, "xy"), "xxx12");
