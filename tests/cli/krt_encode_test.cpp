@@ -57,6 +57,17 @@ Esecuzione Esegui(const std::vector<std::string>& argomenti, const std::string& 
     return e;
 }
 
+std::string Ripeti(const std::string& s, std::size_t volte) {
+    std::string r;
+    for (std::size_t i = 0; i < volte; ++i) r += s;
+    return r;
+}
+
+// 6553 lines of ten bytes, then a line whose CR ends the first 64 KiB read and whose LF
+// begins the second, then a line too long that runs into a third read.
+const std::string IngressoACavallo =
+    Ripeti("12345678\r\n", 6553) + "ABCDE\r\n" + std::string(70000, 'B') + "\nZ";
+
 std::string Comando(const std::vector<std::string>& argomenti) {
     std::string s;
     for (const auto& a : argomenti) s += " " + Quota(a);
@@ -94,6 +105,8 @@ TEST(KrtEncode, Contratto) {
         // engine faults are reported like refusals
         {{"C128"}, "ab\\qc\n1\n", "\n\xE2\x80\xB0" "23\xE2\x80\xB9\n", 1, "line 1: invalid escape sequence"},
         {{"C39"}, std::string(20000, 'A') + "\nA\n", "\n#A#\n", 1, "line 1: content longer than 4096"},
+        {{"C39"}, IngressoACavallo, Ripeti("#12345678#\n", 6553) + "#ABCDE#\n\n#Z#\n", 1,
+         "line 6555: content longer than 4096"},
         // usage errors
         {{}, "", "", 2, "missing SYMBOLOGY"},
         {{"XYZ", "1"}, "", "", 2, "unknown symbology \"XYZ\""},
