@@ -226,18 +226,21 @@ bool Codificabile(std::string_view decodificato) {
 
 void GlifiCode128InPosto(std::string& glifi) {
     if (glifi.empty()) return;
-    const auto valore = [&](std::size_t i) { return static_cast<unsigned char>(glifi[i]); };
-    long long somma = valore(0);  // the start character weighs 1, like the first value after it
-    for (std::size_t i = 1; i < glifi.size(); ++i) {
+    char* const g = glifi.data();
+    const std::size_t n = glifi.size();
+    long long somma = static_cast<unsigned char>(g[0]);  // the start character weighs 1, like the first value after it
+    g[0] = TabellaGlifi[static_cast<unsigned char>(g[0])];
+    for (std::size_t i = 1; i < n; ++i) {
+        const unsigned valore = static_cast<unsigned char>(g[i]);
         // The weighted values are 16-bit quantities: beyond 32767 the symbol is too long.
-        const unsigned long long prodotto = static_cast<unsigned long long>(i) * valore(i);
+        const unsigned long long prodotto = static_cast<unsigned long long>(i) * valore;
         if (prodotto > 32767)
             throw OverflowCheckSum("The content is too long for a Code 128 symbol: the check sum overflows at symbol " +
-                                   std::to_string(i) + " (" + std::to_string(i) + " x " +
-                                   std::to_string(valore(i)) + " is more than 32767)");
+                                   std::to_string(i) + " (" + std::to_string(i) + " x " + std::to_string(valore) +
+                                   " is more than 32767)");
         somma += static_cast<long long>(prodotto);
+        g[i] = TabellaGlifi[valore];
     }
-    for (char& c : glifi) c = TabellaGlifi[static_cast<unsigned char>(c)];
     glifi += TabellaGlifi[static_cast<std::size_t>(somma % 103)];
     glifi += GlifoStop;
 }
@@ -268,7 +271,8 @@ std::string GlifiCode128(const std::vector<std::uint8_t>& valori) {
 
 void CodificaCode128(std::string& contenuto, std::string& glifi) {
     glifi.clear();
-    if (!DecodificaEscapeInPosto(contenuto, 132) || !ValoriCode128(contenuto, glifi)) return;
+    if (!DecodificaEscapeInPosto(contenuto, 132)) return;
+    Codificatore(contenuto, glifi).Scrivi();  // the decoded text holds no code above 132
     GlifiCode128InPosto(glifi);
 }
 

@@ -125,7 +125,7 @@ struct Simbologia {
         : chiave(ChiaveCodice(codice)), codifica(codificatore) {}
 };
 
-constexpr auto Simbologie = OrdinaPerChiave(std::array<Simbologia, 31>{{
+constexpr TabellaCodici Simbologie(std::array<Simbologia, 31>{{
     {"POSTNET", Avvolto<CalcolaCheckPostnet>},
     {"C39", Avvolto<CalcolaCheck39, '#'>},
     {"C39FULL", Code39Full},
@@ -171,7 +171,7 @@ void CodificaBarcode(std::string& contenuto, std::string_view codice, bool check
     glifi.clear();
     const std::uint64_t chiave = ChiaveCodice(codice, true);
     if (!ValidaCodicePerChiave(contenuto, chiave, checkDigit)) return;
-    if (const Simbologia* s = TrovaPerChiave(Simbologie, chiave)) s->codifica(contenuto, checkDigit, glifi);
+    if (const Simbologia* s = Simbologie.Trova(chiave)) s->codifica(contenuto, checkDigit, glifi);
 }
 
 }  // namespace krt

@@ -121,7 +121,7 @@ struct Regola {
 };
 
 // Codes not listed (the Inverted and Compressed 2 of 5 among them) are accepted unchanged.
-constexpr auto Regole = OrdinaPerChiave(std::array<Regola, 29>{{
+constexpr TabellaCodici Regole(std::array<Regola, 29>{{
     {"UPCE", RegolaUPCE, 7, 8},
     {"EAN8", RegolaFissa, 7, 8},    {"EAN13", RegolaFissa, 12, 13}, {"ISBN", RegolaFissa, 9, 9},
     {"ISBN13", RegolaFissa, 12, 12}, {"UPCA", RegolaFissa, 11, 12},  {"ADD2", RegolaFissa, 2, 2},
@@ -149,7 +149,7 @@ bool ValidaCodice(std::string& contenuto, std::string_view codice, bool checkDig
 }
 
 bool ValidaCodicePerChiave(std::string& contenuto, std::uint64_t chiave, bool checkDigit) {
-    const Regola* r = TrovaPerChiave(Regole, chiave);
+    const Regola* r = Regole.Trova(chiave);
     if (r == nullptr) return true;
     return r->valida(contenuto, checkDigit ? r->conCheck : r->senzaCheck, checkDigit);
 }

@@ -1,6 +1,5 @@
 // Content validation and the small text helpers it shares with the rest of the program.
 #pragma once
-#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -35,19 +34,47 @@ constexpr std::uint64_t ChiaveCodice(std::string_view codice, bool maiuscolo = f
     return chiave;
 }
 
-// Tables keyed by code: the rows (each with a `chiave` member) are sorted by key once,
-// at compile time, and found by binary search.
+// A table keyed by code, found in one step: each row goes to one of 128 places by
+// (key * multiplier) >> 57, the multiplier being tried at compile time until no two rows
+// share a place. A lookup reads one place and compares one key. Each row has a `chiave`.
 template <class Riga, std::size_t N>
-constexpr std::array<Riga, N> OrdinaPerChiave(std::array<Riga, N> righe) {
-    std::sort(righe.begin(), righe.end(), [](const Riga& a, const Riga& b) { return a.chiave < b.chiave; });
-    return righe;
-}
-template <class Riga, std::size_t N>
-constexpr const Riga* TrovaPerChiave(const std::array<Riga, N>& righe, std::uint64_t chiave) {
-    const auto riga = std::lower_bound(righe.begin(), righe.end(), chiave,
-                                       [](const Riga& r, std::uint64_t k) { return r.chiave < k; });
-    return riga != righe.end() && riga->chiave == chiave ? &*riga : nullptr;
-}
+class TabellaCodici {
+public:
+    constexpr explicit TabellaCodici(const std::array<Riga, N>& righe) : righe_(righe) {
+        for (std::size_t i = 0; i < N; ++i)
+            for (std::size_t j = i + 1; j < N; ++j)
+                if (righe_[i].chiave == righe_[j].chiave) throw "two rows with the same code";
+        while (!Distribuisci()) moltiplicatore_ += 2;
+    }
+
+    constexpr const Riga* Trova(std::uint64_t chiave) const {
+        const std::size_t riga = posti_[Posto(chiave)];
+        return riga != 0 && righe_[riga - 1].chiave == chiave ? &righe_[riga - 1] : nullptr;
+    }
+
+private:
+    static constexpr std::size_t Posti = 128;
+    static_assert(N < Posti);
+
+    constexpr std::size_t Posto(std::uint64_t chiave) const {
+        return static_cast<std::size_t>((chiave * moltiplicatore_) >> 57);
+    }
+
+    // Places every row (its index + 1); false at the first place taken twice.
+    constexpr bool Distribuisci() {
+        posti_ = {};
+        for (std::size_t i = 0; i < N; ++i) {
+            std::uint8_t& posto = posti_[Posto(righe_[i].chiave)];
+            if (posto != 0) return false;
+            posto = static_cast<std::uint8_t>(i + 1);
+        }
+        return true;
+    }
+
+    std::array<Riga, N> righe_;
+    std::uint64_t moltiplicatore_ = 0x9E3779B97F4A7C15;  // odd, bits well spread
+    std::array<std::uint8_t, Posti> posti_{};
+};
 
 // Value of a digit character, 0 for any other character.
 constexpr int ValoreCifra(char c) { return IsDigit(c) ? c - '0' : 0; }

@@ -43,6 +43,7 @@ constexpr std::array<Utf8DiByte, 256> CostruisciUtf8DiByte() {
     return t;
 }
 constexpr std::array<Utf8DiByte, 256> TabellaUtf8 = CostruisciUtf8DiByte();
+static_assert(sizeof(Utf8DiByte) == 4);
 
 // Length of the leading run of ASCII bytes, which both encodings write alike.
 // Eight bytes at a time: batch lines are mostly ASCII.
@@ -132,15 +133,16 @@ void AccodaCp1252InUtf8(std::string& uscita, std::string_view byte) {
     uscita.append(byte.substr(0, ascii));
     byte.remove_prefix(ascii);
     // The rest a piece at a time through a buffer with room for three UTF-8 bytes per
-    // byte: each byte copies its three table bytes, and only its own count moves on.
+    // byte and one more: each byte copies its whole table entry as one word, and only
+    // its own count moves on.
     constexpr std::size_t Pezzo = 128;
-    char utf8[3 * Pezzo];
+    char utf8[3 * Pezzo + 1];
     while (!byte.empty()) {
         const std::string_view parte = byte.substr(0, Pezzo);
         char* p = utf8;
         for (const char c : parte) {
             const Utf8DiByte& u = TabellaUtf8[static_cast<unsigned char>(c)];
-            std::memcpy(p, u.byte.data(), u.byte.size());
+            std::memcpy(p, &u, sizeof u);
             p += u.lunghezza;
         }
         uscita.append(utf8, static_cast<std::size_t>(p - utf8));
