@@ -47,10 +47,13 @@ enum class Cornice {
 using RoutineCheck = std::string (*)(std::string_view);
 
 struct RegolaHRC {
-    std::string_view codice;
+    std::uint64_t chiave;  // ChiaveCodice of the symbology code
     RoutineCheck check;
     Cornice cornice;
     bool minuscolo;  // the preview shows the text in lower case
+
+    constexpr RegolaHRC(std::string_view codice, RoutineCheck routine, Cornice c, bool minuscole)
+        : chiave(ChiaveCodice(codice)), check(routine), cornice(c), minuscolo(minuscole) {}
 };
 
 std::string CheckMSI2(std::string_view s) { return CalcolaCheckMSI(s, 2); }
@@ -60,7 +63,7 @@ std::string Check11(std::string_view s) {
 }
 
 // The entries whose HRC text is computed from their content, by symbology code.
-constexpr std::array<RegolaHRC, 19> RegoleHRC{{
+constexpr TabellaCodici RegoleHRC(std::array<RegolaHRC, 19>{{
     {"C39", CalcolaCheck39, Cornice::Asterischi, false},
     {"C39FULL", CalcolaCheck39, Cornice::Asterischi, false},
     {"C93", CalcolaCheck93, Cornice::AsterischiConCheck, false},
@@ -80,13 +83,9 @@ constexpr std::array<RegolaHRC, 19> RegoleHRC{{
     {"DELTA", CalcolaCheckDelta, Cornice::Nessuna, false},
     {"POSTNET", CalcolaCheckPostnet, Cornice::Nessuna, false},
     {"CBAR", CalcolaCheckCodabar, Cornice::Nessuna, true},
-}};
+}});
 
-const RegolaHRC* TrovaRegolaHRC(std::string_view codice) {
-    for (const auto& regola : RegoleHRC)
-        if (regola.codice == codice) return &regola;
-    return nullptr;
-}
+const RegolaHRC* TrovaRegolaHRC(std::string_view codice) { return RegoleHRC.Trova(ChiaveCodice(codice)); }
 
 bool UgualiSenzaMaiuscole(std::string_view a, std::string_view b) {
     if (a.size() != b.size()) return false;
