@@ -35,6 +35,7 @@
 #include "mainwindow/configurazione.h"
 #include "mainwindow/informazioni.h"
 #include "mainwindow/rtf.h"
+#include "mainwindow/scansione.h"
 #include "mainwindow/voce.h"
 #include "support/cp1252.h"
 #include "support/frmsplash.h"
@@ -241,6 +242,8 @@ void frmPrincipale::CreaControlli() {
     rtfContenuto->setTabChangesFocus(true);
     rtfContenuto->setUndoRedoEnabled(false);
 
+    scansione_ = new ControlloScansione(centrale);
+
     lstFont = new QListWidget(centrale);
     nomina(lstFont, "lstFont");
     lstFont->setVisible(false);
@@ -285,6 +288,7 @@ void frmPrincipale::CreaControlli() {
     verticale->addWidget(Line1);
     verticale->addWidget(labAvvisoFont);
     verticale->addWidget(rtfContenuto, 1);
+    verticale->addWidget(scansione_->etichetta());
 
     setTabOrder(txtCodice, imgWizard);
     setTabOrder(imgWizard, cmbSimbologia);
@@ -485,6 +489,7 @@ void frmPrincipale::CaricaTesti() {
     imgWizard->setVisible(false);
 
     if (avvisoId_ != 0) labAvvisoFont->setText(CaricaStringa(avvisoId_).arg(avvisoArgomento_));
+    scansione_->AggiornaTesti();
 }
 
 // ---- Options ----------------------------------------------------------------------------
@@ -619,7 +624,10 @@ bool frmPrincipale::GeneraAnteprima(bool SoloVerifica) {
         if (contenuto) {
             const GenerazioneVoce generazione = GeneraVoce(*voce, *contenuto, opzioni);
             if (generazione.accettato) {
-                if (!SoloVerifica) ScriviAnteprima(generazione.glifi, generazione.famiglia, generazione.hrc);
+                if (!SoloVerifica) {
+                    ScriviAnteprima(generazione.glifi, generazione.famiglia, generazione.hrc);
+                    scansione_->Richiedi(*voce, generazione, *rtfContenuto->document());
+                }
                 return true;
             }
         }

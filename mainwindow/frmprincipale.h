@@ -28,6 +28,7 @@ class QToolButton;
 namespace krt {
 
 struct VoceCatalogo;
+class ControlloScansione;
 
 // What the window asks of the desktop. Each one left empty gets the real
 // thing (a modal box, the desktop's viewer, the font dialog, the wizard);
@@ -142,6 +143,7 @@ private:
     QFrame* Line1;
     QLabel* labAvvisoFont;
     QTextEdit* rtfContenuto;
+    ControlloScansione* scansione_ = nullptr;  // the line "labScansione" under the preview
     QListWidget* lstFont;
 
     QMenu* mnuFile;
