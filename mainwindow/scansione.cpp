@@ -144,7 +144,8 @@ AttesaScansione AttesaPerVoce(const VoceCatalogo& voce, const GenerazioneVoce& g
 
     // The engine leaves the content it encoded, check characters included, in place.
     std::string dati = generazione.parti.principale;
-    const std::string glifi = CodificaBarcode(dati, std::string(voce.codice), generazione.check);
+    std::string glifi;
+    CodificaBarcode(dati, voce.codice, generazione.check, glifi);
     const std::string_view codice = voce.codice;
 
     if (codice == "C39") {
