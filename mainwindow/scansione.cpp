@@ -280,15 +280,15 @@ QImage ImmagineBarre(const QTextDocument& documento, const QString& famigliaBarr
     }
     if (punti <= 0) punti = copia->defaultFont().pointSizeF();
 
-    // About 160 pixels to the em: a few pixels to the module for any barcode font,
-    // while a long symbol stays within a size the reader handles quickly.
-    constexpr double PixelEm = 160;
+    // About 100 pixels to the em: a barcode font's module is rarely below 1/30 em, so
+    // that is 3 pixels or more, while the image stays small enough to draw quickly.
+    constexpr double PixelEm = 100;
     constexpr int LarghezzaMassima = 12000;
     const QSizeF dimensione = copia->size();
     const double pixelEm = punti * 96.0 / 72.0;
     double scala = std::max(1.0, PixelEm / std::max(1.0, pixelEm));
     scala = std::min(scala, LarghezzaMassima / std::max(1.0, dimensione.width()));
-    const int margine = static_cast<int>(PixelEm);
+    const int margine = static_cast<int>(PixelEm * 0.6);  // quiet zone and more
 
     QImage immagine(static_cast<int>(std::ceil(dimensione.width() * scala)) + 2 * margine,
                     static_cast<int>(std::ceil(dimensione.height() * scala)) + 2 * margine, QImage::Format_RGB32);

@@ -146,14 +146,17 @@ TEST_F(Scansione, LeVociLeggibiliSiLeggonoConIDatiAttesi) {
             AttesaScansione attesa;
             attesa.formato = FormatoDaNome(r.formato);
             attesa.addOn = QString::fromUtf8(r.voce).contains(QLatin1String("Add-on"));
+            const auto disegno = std::chrono::steady_clock::now();
             const QImage immagine = ImmagineBarre(*rtfContenuto->document(), famiglia);
             const auto inizio = std::chrono::steady_clock::now();
             const LetturaScansione lettura = LeggiImmagine(immagine.constBits(), immagine.width(), immagine.height(),
                                                            static_cast<int>(immagine.bytesPerLine()), attesa);
-            const auto ms = std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - inizio).count();
-            std::printf("%-8s %-20s %-6s %-22s -> %s %s (%dx%d, %.1f ms)\n", qPrintable(variante), r.voce, stile,
-                        r.contenuto, lettura.letto ? lettura.formato.c_str() : "NOT READ", lettura.testo.c_str(),
-                        immagine.width(), immagine.height(), ms);
+            using Ms = std::chrono::duration<double, std::milli>;
+            const double msDisegno = Ms(inizio - disegno).count();
+            const double msLettura = Ms(std::chrono::steady_clock::now() - inizio).count();
+            std::printf("%-8s %-20s %-6s %-22s -> %s %s (%dx%d, drawn %.1f ms, read %.1f ms)\n", qPrintable(variante),
+                        r.voce, stile, r.contenuto, lettura.letto ? lettura.formato.c_str() : "NOT READ",
+                        lettura.testo.c_str(), immagine.width(), immagine.height(), msDisegno, msLettura);
             if (!lettura.letto && !qEnvironmentVariableIsEmpty("KRT_SCANSIONE_IMMAGINI"))
                 immagine.save(QDir(qEnvironmentVariable("KRT_SCANSIONE_IMMAGINI"))
                                   .filePath(QStringLiteral("%1_%2_%3.png").arg(variante, QString::fromUtf8(r.voce).replace(QLatin1Char('/'), QLatin1Char('-')), QString::fromUtf8(stile))));
