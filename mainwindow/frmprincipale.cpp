@@ -1,6 +1,7 @@
 #include "mainwindow/frmprincipale.h"
 
 #include <cmath>
+#include <numbers>
 #include <exception>
 
 #include <QActionGroup>
@@ -114,7 +115,7 @@ QIcon IconaWizard() {
         const QPointF centro(23 * u, 9 * u);
         for (int k = 0; k < 8; ++k) {
             const double raggio = (k % 2 == 0 ? 8.0 : 3.0) * u;
-            const double angolo = k * M_PI / 4;
+            const double angolo = k * std::numbers::pi / 4;
             const QPointF punto = centro + QPointF(raggio * std::sin(angolo), -raggio * std::cos(angolo));
             if (k == 0)
                 stella.moveTo(punto);
