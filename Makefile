@@ -13,9 +13,10 @@ PACKAGES := g++ cmake make pkg-config qt6-base-dev libgl-dev libgtest-dev libgmo
 FUZZ_PACKAGES := clang libclang-rt-dev
 BENCH_PACKAGES := zint time
 PACKAGE_PACKAGES := dpkg-dev file
+E2E_PACKAGES := libreoffice-writer poppler-utils fontconfig python3-fonttools
 PREFIX ?= /usr/local
 
-.PHONY: all deps build run test test-asan bench fuzz install package clean
+.PHONY: all deps build run test test-asan test-e2e bench fuzz install package clean
 
 all: build
 
@@ -47,6 +48,14 @@ test-asan: deps
 	cmake --build $(BUILD_ASAN) -j $(JOBS)
 	cd $(BUILD_ASAN) && QT_QPA_PLATFORM=offscreen ASAN_OPTIONS=detect_leaks=0 UBSAN_OPTIONS=print_stacktrace=1 \
 	  ctest --output-on-failure -j $(JOBS)
+
+# Scan test through LibreOffice: clipboard RTF -> PDF -> 300 dpi page -> barcode reader,
+# with the reference test fonts in both character maps. Installs what it needs first.
+test-e2e:
+	$(MAKE) --no-print-directory deps EXTRA_PACKAGES="$(E2E_PACKAGES)"
+	cmake -S . -B $(BUILD) -DCMAKE_BUILD_TYPE=Release
+	cmake --build $(BUILD) -j $(JOBS) --target test_scansione_libreoffice
+	cd $(BUILD) && QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j $(JOBS) -R 'ScansioneLibreOffice'
 
 bench:
 	$(MAKE) --no-print-directory build EXTRA_PACKAGES="$(BENCH_PACKAGES)"
