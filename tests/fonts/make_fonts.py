@@ -361,7 +361,8 @@ def draw_glyph(fam, glyph, bar_top):
     if glyph.text:
         width = len(glyph.modules) * m
         if glyph.text_low:
-            draw_figure(pen, glyph.text, width // 4, -DESCENT + 30, width // 2, DESCENT - 60)
+            height = DESCENT - 40
+            draw_figure(pen, glyph.text, (width - height * 2 // 3) // 2, -DESCENT + 20, height * 2 // 3, height)
         else:
             draw_figure(pen, glyph.text, width // 5, 100, width * 3 // 5, 600)
     return pen.glyph()
