@@ -9,7 +9,7 @@ JOBS       ?= $(shell nproc 2>/dev/null || echo 2)
 FUZZ_SECONDS ?= 60
 
 # Debian packages the build, the tests and the benchmarks need.
-PACKAGES := g++ cmake make pkg-config qt6-base-dev libgl-dev libgtest-dev libgmock-dev libbenchmark-dev libzxing-dev
+PACKAGES := g++ cmake make pkg-config qt6-base-dev libgl-dev libgtest-dev libgmock-dev libbenchmark-dev libzxing-dev python3-fonttools zbar-tools
 FUZZ_PACKAGES := clang libclang-rt-dev
 BENCH_PACKAGES := zint time
 PACKAGE_PACKAGES := dpkg-dev file
