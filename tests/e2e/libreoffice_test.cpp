@@ -28,6 +28,7 @@
 #include <QTest>
 #include <QUrl>
 
+#include "ambiente_e2e.h"
 #include "mainwindow/anteprima.h"
 #include "mainwindow/frmprincipale.h"
 #include "mainwindow/scansione.h"
@@ -36,7 +37,6 @@ namespace {
 
 using namespace krt;
 
-int fontCaricati = 0;
 
 struct Riga {
     const char* voce;       // cmbSimbologia text (English)
@@ -78,7 +78,7 @@ protected:
         if (libreoffice.isEmpty() || pdftoppm.isEmpty())
             GTEST_SKIP() << "libreoffice or pdftoppm is not installed (Debian libreoffice-writer, poppler-utils; "
                             "`make test-e2e` installs them): the clipboard's RTF is not read through LibreOffice";
-        ASSERT_GT(fontCaricati, 0) << "no test font loaded from KRT_FONT_TEST";
+        ASSERT_GT(FontDiProvaCaricati(), 0) << "no test font loaded from KRT_FONT_TEST";
         ASSERT_TRUE(cartella.isValid());
         ASSERT_TRUE(QDir(cartella.path()).mkpath(QStringLiteral("home")));
         qputenv("KRT_DATA_DIR", cartella.path().toLocal8Bit());
@@ -206,13 +206,3 @@ TEST_F(ScansioneLibreOffice, IlTestoRtfDegliAppuntiSiLeggeDopoLaConversione) {
 }
 
 }  // namespace
-
-int main(int argc, char* argv[]) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    const QDir cartellaFont(qEnvironmentVariable("KRT_FONT_TEST"));
-    for (const QString& nome : cartellaFont.entryList({QStringLiteral("*.ttf")}, QDir::Files))
-        if (QFontDatabase::addApplicationFont(cartellaFont.filePath(nome)) >= 0) ++fontCaricati;
-    ::testing::InitGoogleTest(&argc, argv);
-    return RUN_ALL_TESTS();
-}

@@ -21,6 +21,7 @@
 #include <QTextBlock>
 #include <QTextEdit>
 
+#include "ambiente_e2e.h"
 #include "mainwindow/frmprincipale.h"
 #include "mainwindow/scansione.h"
 #include "support/stringhe.h"
@@ -32,7 +33,6 @@ namespace {
 
 using namespace krt;
 
-int fontCaricati = 0;
 
 struct Riga {
     const char* voce;      // cmbSimbologia text (English)
@@ -82,7 +82,7 @@ const char* const Stili[] = {"Normal", "Short"};
 class Scansione : public ::testing::Test {
 protected:
     void SetUp() override {
-        ASSERT_GT(fontCaricati, 0) << "no test font loaded from KRT_FONT_TEST";
+        ASSERT_GT(FontDiProvaCaricati(), 0) << "no test font loaded from KRT_FONT_TEST";
         ASSERT_TRUE(cartella.isValid());
         qputenv("KRT_DATA_DIR", cartella.path().toLocal8Bit());
         finestra = std::make_unique<frmPrincipale>(ServiziFinestra{[](auto...) {}, {}, {}, {}});
@@ -242,13 +242,3 @@ TEST(AttesaScansione, DatiEFormatoPerCodice) {
 }
 
 }  // namespace
-
-int main(int argc, char* argv[]) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    const QDir cartellaFont(qEnvironmentVariable("KRT_FONT_TEST"));
-    for (const QString& nome : cartellaFont.entryList({QStringLiteral("*.ttf")}, QDir::Files))
-        if (QFontDatabase::addApplicationFont(cartellaFont.filePath(nome)) >= 0) ++fontCaricati;
-    ::testing::InitGoogleTest(&argc, argv);
-    return RUN_ALL_TESTS();
-}
