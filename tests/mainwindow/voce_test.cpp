@@ -1,5 +1,5 @@
 // Entry lookup, check flag, add-on split, HRC text and the whole cycle on one entry.
-#include "mainwindow/voce.h"
+#include "cycle/voce.h"
 
 #include <gtest/gtest.h>
 
