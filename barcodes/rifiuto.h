@@ -19,7 +19,8 @@ enum class MotivoRifiuto : std::uint8_t {
 struct Rifiuto {
     MotivoRifiuto motivo = MotivoRifiuto::Nessuno;
     std::size_t posizione = 0;  // 1-based over the content as typed (Carattere)
-    char carattere = 0;         // the refused byte (Windows-1252), or the decoded code of an escape
+    char carattere = 0;         // the refused byte (Windows-1252), or the decoded code of an escape;
+                                // 0 for a typed character that Windows-1252 cannot hold
     std::uint16_t minimo = 0;   // allowed lengths (Lunghezza): minimo ... massimo characters
     std::uint16_t massimo = 0;
 

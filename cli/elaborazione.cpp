@@ -55,7 +55,13 @@ void AccodaCp1252Json(std::string& uscita, std::string_view byte) {
 
 bool RisolviSimbologia(std::string_view testo, std::string_view stile, Simbologia& simbologia) {
     simbologia = {};
-    if (const VoceCatalogo* voce = TrovaVocePerCodice(testo)) {
+    const VoceCatalogo* esatta = TrovaVoce(testo, 0);
+    if (esatta == nullptr) esatta = TrovaVoce(testo, 1000);
+    if (esatta != nullptr) {
+        simbologia.voce = esatta;
+        simbologia.perNome = true;
+        simbologia.codice = esatta->codice;
+    } else if (const VoceCatalogo* voce = TrovaVocePerCodice(testo)) {
         simbologia.voce = voce;
         for (const char c : testo) simbologia.codice += InMaiuscolo(c);
     } else if (const VoceCatalogo* perNome = TrovaVocePerNome(testo)) {

@@ -16,8 +16,8 @@ struct Simbologia {
     std::string famiglia;                // ScegliFontFamiglia(entry family, style)
 };
 
-// A symbology code first, then an English or Italian display name, ignoring case.
-// False when the text names neither.
+// An English or Italian display name written exactly (case included), then a symbology
+// code in any case, then a display name ignoring case. False when the text names none.
 bool RisolviSimbologia(std::string_view testo, std::string_view stile, Simbologia& simbologia);
 
 struct RisultatoRiga {

@@ -24,6 +24,7 @@ constexpr int Carattere = 304;
 constexpr int InizioFineCodabar = 305;
 constexpr int SistemaUPCE = 306;
 constexpr int SenzaCheckCIP = 307;
+constexpr int SenzaCodice1252 = 308;
 }  // namespace Id
 
 // %1, %2 ... replaced by the arguments.
@@ -70,6 +71,7 @@ std::string TestoRifiuto(const Rifiuto& r, std::string_view codice, int offsetLi
             if (r.massimo == 0) return Componi(testo(Id::TroppoCorto), {std::to_string(r.minimo)});
             return Componi(testo(Id::TroppoLungo), {std::to_string(r.massimo)});
         case MotivoRifiuto::Carattere:
+            if (r.carattere == 0) return Componi(testo(Id::SenzaCodice1252), {std::to_string(r.posizione)});
             return Componi(testo(Id::Carattere), {MostraCarattere(r.carattere), std::to_string(r.posizione)});
         case MotivoRifiuto::Struttura:
             return testo(codice == "UPCE" ? Id::SistemaUPCE : Id::InizioFineCodabar);

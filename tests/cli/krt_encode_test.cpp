@@ -144,6 +144,34 @@ TEST(KrtEncode, Json) {
               "\"hrc\":null,\"error\":null,\"reason\":null}\n");
 }
 
+// A display name written exactly wins over a code; then codes, then names, in any case.
+// The json reason names the kind of refusal, and the position over the content as typed.
+TEST(KrtEncode, SimbologiaEMotivo) {
+    const struct {
+        std::vector<std::string> argomenti;
+        std::string parte;  // part of the json line
+    } righe[] = {
+        {{"--hrc", "Plessey", "123"}, "\"code\":\"PLESSEY\",\"family\":\"ORBPLESSEY\""},
+        {{"--hrc", "Plessey", "123"}, "\"hrc\":\"123\""},
+        {{"--hrc", "Postnet", "12345"}, "\"hrc\":\"012345\""},
+        {{"--hrc", "PLESSEY", "123"}, "\"hrc\":null"},
+        {{"--hrc", "postnet", "12345"}, "\"hrc\":null"},
+        {{"--hrc", "code 39", "a"}, "\"hrc\":\"*A*\""},
+        {{"C39", ""}, "\"error\":\"The content is empty.\",\"reason\":{\"kind\":\"empty\"}"},
+        {{"EAN13", "12345678901234"}, "at most.\",\"reason\":{\"kind\":\"length\"}"},
+        {{"EAN 13 Add-on 2", "4006381333931x"}, "\"reason\":{\"kind\":\"character\",\"position\":14}"},
+        {{"-c", "UPCE", "2345678"}, "\"reason\":{\"kind\":\"structure\"}"},
+        {{"C128", "ab\\qc"}, "\"reason\":{\"kind\":\"escape\"}"},
+    };
+    for (const auto& r : righe) {
+        std::vector<std::string> argomenti{"--output=json"};
+        argomenti.insert(argomenti.end(), r.argomenti.begin(), r.argomenti.end());
+        SCOPED_TRACE("krt-encode" + Comando(argomenti));
+        const Esecuzione e = Esegui(argomenti);
+        EXPECT_NE(e.uscita.find(r.parte), std::string::npos) << e.uscita;
+    }
+}
+
 TEST(KrtEncode, NomeConAddOnEIsbn) {
     // The add-on glyphs follow the main ones; the add-on check is forced, extra characters ignored.
     const Esecuzione voce = Esegui({"-c", "ean 13 add-on 2", "400638133393129"});
