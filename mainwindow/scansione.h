@@ -13,6 +13,7 @@
 #include <QObject>
 #include <QString>
 
+#include "barcodes/simbologie.h"
 #include "cycle/voce.h"
 
 class QLabel;
@@ -20,9 +21,6 @@ class QTextDocument;
 class QWidget;
 
 namespace krt {
-
-// Symbologies the reader knows; Nessuno: no reader for the entry.
-enum class FormatoLettore { Nessuno, Code39, Code93, Code128, EAN8, EAN13, UPCA, UPCE, ITF, Codabar };
 
 // What a reader should report for one generate cycle.
 struct AttesaScansione {
