@@ -5,7 +5,7 @@ Writes TrueType fonts that draw, glyph by glyph, the bars the KRT engine
 expects of the installed ORB families, so that tests can render a glyph
 string and read it back with a barcode reader:
 
-    make_fonts.py OUTDIR
+    tools/testfonts/make_fonts.py OUTDIR
 
 OUTDIR/unicode/ gets fonts whose character map is Unicode, reached through
 Windows-1252 (byte 0x8B is U+2039, the bytes that code page leaves undefined
