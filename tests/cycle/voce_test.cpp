@@ -6,6 +6,7 @@
 #include <string>
 
 #include "barcodes/errori.h"
+#include "cycle/attesa_scansione.h"
 #include "cycle/motivi.h"
 
 namespace krt {
@@ -34,6 +35,7 @@ TEST(Voce, RicercaPerTestoNomeECodice) {
         {Nome, "codice 128", 424},           {Nome, "EAN 13 ADD-ON 5", 417},
         {Nome, "codabar/monarch", 411},      {Nome, "code 39 full ascii", 401},
         {Nome, "C39", 0},                    {Nome, "", 0},
+        {Nome, "Xode 39", 0},                {Nome, "Code 3", 0},
         {Codice, "c39", 400},                {Codice, "C32HRC", 410},
         {Codice, "add2", 413},               {Codice, "ADD5", 414},
         {Codice, "cip", 427},                {Codice, "ISBN13", 435},
@@ -95,6 +97,8 @@ TEST(Voce, DivisioneEValidazione) {
         {416, "123456789012A1", true, "123456789012", "A1", false, "", ""},
         {422, "2345678", true, "2345678", "", false, "", ""},
         {415, "123", true, "123", "", true, "000000000123", ""},
+        {415, "1234567890123", true, "1234567890123", "", false, "", ""},
+        {412, "12345678", true, "12345678", "", false, "", ""},
         {415, "", true, "", "", false, "", ""},
         {400, "abc", false, "abc", "", true, "ABC", ""},
         {434, "030640615", false, "030640615", "", true, "030640615", ""},
@@ -221,6 +225,42 @@ TEST(Voce, MotivoDelRifiuto) {
         SCOPED_TRACE("entry " + std::to_string(r.id) + " content \"" + r.contenuto + "\"");
         const GenerazioneVoce g = GeneraVoce(Voce(r.id), r.contenuto, OpzioniVoce{});
         EXPECT_EQ(TestoRifiuto(g.rifiuto, Voce(r.id).codice, r.offsetLingua), r.testo);
+    }
+}
+
+// What a reader should report for a cycle: format, the data with the check characters the
+// engine added, the Code 93 and add-on marks.
+TEST(Voce, AttesaDellaScansione) {
+    const struct {
+        int id;
+        const char* contenuto;
+        bool check;
+        FormatoLettore formato;
+        std::string_view testo;
+        bool senzaCheck93, addOn;
+    } righe[] = {
+        {400, "AB_1", false, FormatoLettore::Code39, "AB 1", false, false},
+        {402, "AB_1", false, FormatoLettore::Code93, "AB 1", true, false},
+        {402, "AB_1", true, FormatoLettore::Code93, "AB 1", false, false},
+        {424, "\\x81" "01\\x80A", false, FormatoLettore::Code128, std::string_view("01\0A", 4), false, false},
+        {425, "10AB\\x8121", false, FormatoLettore::Code128, "10AB\x1D" "21", false, false},
+        {411, "t12e", false, FormatoLettore::Codabar, "A12D", false, false},
+        {434, "030640615", true, FormatoLettore::EAN13, "9780306406157", false, false},
+        {421, "0123456", true, FormatoLettore::UPCE, "01234565", false, false},
+        {417, "59012341234552495", true, FormatoLettore::EAN13, "5901234123457 52495", false, true},
+        {409, "1234", true, FormatoLettore::Nessuno, "", false, false},
+    };
+    for (const auto& r : righe) {
+        SCOPED_TRACE("entry " + std::to_string(r.id) + " content \"" + r.contenuto + "\"");
+        OpzioniVoce opzioni;
+        opzioni.checkDigit = r.check;
+        const GenerazioneVoce g = GeneraVoce(Voce(r.id), r.contenuto, opzioni);
+        ASSERT_TRUE(g.accettato);
+        const AttesaScansione a = AttesaPerVoce(Voce(r.id), g);
+        EXPECT_EQ(a.formato, r.formato);
+        EXPECT_EQ(a.testo, r.testo);
+        EXPECT_EQ(a.senzaCheck93, r.senzaCheck93);
+        EXPECT_EQ(a.addOn, r.addOn);
     }
 }
 

@@ -8,15 +8,22 @@
 namespace krt {
 namespace {
 
-TEST(CodificaTesto, OgniByteFaIlGiroCompleto) {
-    for (int b = 0; b < 256; ++b) {
-        const std::string byte(1, static_cast<char>(b));
-        std::string utf8;
-        AccodaCp1252InUtf8(utf8, byte);
-        std::string ritorno, errore;
-        ASSERT_TRUE(Utf8InCp1252(utf8, ritorno, errore)) << "byte " << b << ": " << errore;
-        EXPECT_EQ(ritorno, byte) << "byte " << b;
+// Every byte, after every byte and at every alignment of the word-at-a-time paths: the
+// UTF-8 form reads back to the same bytes.
+TEST(CodificaTesto, OgniCoppiaDiByteFaIlGiroCompleto) {
+    std::string tutti;
+    for (int a = 0; a < 256; ++a)
+        for (int b = 0; b < 256; ++b) tutti += {static_cast<char>(a), static_cast<char>(b), 'x'};
+    for (const std::size_t inizio : {0u, 1u, 3u, 7u}) {
+        const std::string bytes = tutti.substr(inizio);
+        std::string utf8, ritorno, errore;
+        AccodaCp1252InUtf8(utf8, bytes);
+        ASSERT_TRUE(Utf8InCp1252(utf8, ritorno, errore)) << errore;
+        ASSERT_EQ(ritorno, bytes) << "from " << inizio;
     }
+    std::string utf8;
+    AccodaCp1252InUtf8(utf8, "\xE9\x7F");
+    EXPECT_EQ(utf8, "\xC3\xA9\x7F");
 }
 
 TEST(CodificaTesto, DaUtf8) {
