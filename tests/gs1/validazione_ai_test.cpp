@@ -23,7 +23,6 @@ TEST(ValidaValoreAI, DecisionPerFormatCode) {
         {"n18", "123456789012345675", 0, ""},
         {"n18", "123456789012345670", MessaggioValoreNonAmmesso, ""},
         {"n18", "1234567890123456", MessaggioLunghezzaErrata, ""},
-        {"n18", "1234567890123456789", MessaggioLunghezzaErrata, ""},
         {"n18", "1234567890123456A", MessaggioNonIntero, ""},
         {"n18", "12345678901234567A", MessaggioNonIntero, ""},
         // The check digit of a completed value is taken on the text as typed.
@@ -31,19 +30,12 @@ TEST(ValidaValoreAI, DecisionPerFormatCode) {
         // Exactly N digits, no check digit verified.
         {"n6", "123456", 0, ""},
         {"n6", "12345", MessaggioLunghezzaErrata, ""},
-        {"n6", " 12345", MessaggioLunghezzaErrata, ""},
         {"n6", "12a456", MessaggioNonIntero, ""},
         {"n6", "1234.5", MessaggioNonIntero, ""},
-        {"n6", "-12345", MessaggioNonIntero, ""},
-        {"n6", "+12345", MessaggioNonIntero, ""},
         {"n6", "1e3456", MessaggioNonIntero, ""},
-        {"n2", "12", 0, ""},
-        {"n14", "09501234567891", 0, ""},
-        {"n13", "1234567890123", 0, ""},
         {"n17", "1234567890123456", MessaggioLunghezzaErrata, ""},
         // Any character, blanks and backslashes too.
         {"av20", "A\\B", 0, ""},
-        {"av20", " x", 0, ""},
         {"av9", "\x01\x7F", 0, ""},
         // Variable-length numbers.
         {"nv8", "123", 0, ""},
@@ -53,26 +45,19 @@ TEST(ValidaValoreAI, DecisionPerFormatCode) {
         // Digits, then free text.
         {"n14av16", "1234567890123", MessaggioLunghezzaErrata, ""},
         {"n14av16", "1234567890123X", MessaggioPrime14NonCifre, ""},
-        {"n14av16", "12345678901234", 0, ""},
         {"n14av16", "12345678901234ABC", 0, ""},
         {"n3av9", "12", MessaggioLunghezzaErrata, ""},
         {"n3av9", "12A", MessaggioPrime3NonCifre, ""},
         {"n3av9", "380ABC", 0, ""},
         // Decimals: leading zeros count without a point, not with one.
         {"nd6", "12.5", 0, ""},
-        {"nd6", "123456", 0, ""},
         {"nd6", "1234567", MessaggioLunghezzaErrata, ""},
         {"nd6", "0001234.5", 0, ""},
         {"nd6", "1234567.5", MessaggioLunghezzaErrata, ""},
         {"nd6", "1.1234567890", MessaggioLunghezzaErrata, ""},
         {"nd6", "0.0000001", 0, ""},
-        {"nd6", "12.", 0, ""},
-        {"nd6", ".5", 0, ""},
         {"nd6", "abc", MessaggioNonNumero, ""},
-        {"nd6", "-1", MessaggioNonNumero, ""},
         {"nd6", "1,5", MessaggioNonNumero, ""},
-        {"nd6", "1.2.3", MessaggioNonNumero, ""},
-        {"nd15", "123456789012345", 0, ""},
         {"nd15", "1234567890123456", MessaggioLunghezzaErrata, ""},
         {"nd18", "1234567890.12345678", 0, ""},
         // Unknown codes accept anything that is not blank.
@@ -98,12 +83,10 @@ TEST(ValidaValoreAI, BlankValueIsEmptyForEveryFormat) {
 }
 
 TEST(NumberGrammar, IntegerAndDecimal) {
-    struct Caso {
+    const struct {
         std::string testo;
-        bool intero;
-        bool decimale;
-    };
-    const Caso casi[] = {
+        bool intero, decimale;
+    } casi[] = {
         {"12", true, true},     {" 12 ", true, true},  {"0", true, true},
         {"12.5", false, true},  {"12.", false, true},  {".5", false, true},
         {".", false, false},    {"", false, false},    {"  ", false, false},
@@ -118,21 +101,16 @@ TEST(NumberGrammar, IntegerAndDecimal) {
 }
 
 TEST(TextHelpers, TrimAndReplace) {
-    struct Caso {
-        std::string ottenuto;
-        std::string atteso;
-    };
-    const Caso casi[] = {
+    const struct {
+        std::string ottenuto, atteso;
+    } casi[] = {
         {CTrimL("000", '0'), ""},
-        {CTrimL("", '0'), ""},
         {CTrimL("00120", '0'), "120"},
         {CTrimR("1200", '0'), "12"},
-        {CTrimR("000", '0'), ""},
         {CTrimR("0012", '0'), "0012"},
         {StrTran("1.2.3", ".", ""), "123"},
         {StrTran("Integer of length %", "%", "14"), "Integer of length 14"},
         {StrTran("aaa", "aa", "b"), "ba"},
-        {StrTran("abab", "ab", "xy"), "xyxy"},
         {StrTran("abc", "", "x"), "abc"},
         {TagliaSpazi("  a b  "), "a b"},
     };
@@ -141,11 +119,9 @@ TEST(TextHelpers, TrimAndReplace) {
 }
 
 TEST(CalcolaCheckGS1, WeightsByLength) {
-    struct Caso {
-        std::string cifre;
-        std::string atteso;
-    };
-    const Caso casi[] = {
+    const struct {
+        std::string cifre, atteso;
+    } casi[] = {
         {"12345678901234567", "5"}, // SSCC data: first digit weighs 3
         {"400638133393", "1"},      // 12 characters: even positions weigh 3
         {"0950123456789", "1"},     // GTIN-14 data
