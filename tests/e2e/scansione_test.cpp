@@ -41,6 +41,8 @@ constexpr Riga Righe[] = {
     {"Codabar/Monarch", "c1234d", false, "Codabar", "C1234D"},
 };
 
+void PrintTo(const Riga& r, std::ostream* os) { *os << r.voce << " \"" << r.contenuto << '"'; }
+
 class Scansione : public ::testing::TestWithParam<std::tuple<Riga, const char*>> {
 protected:
     void SetUp() override { ASSERT_GT(FontDiProvaCaricati(), 0) << "no test font loaded from KRT_FONT_TEST"; }
