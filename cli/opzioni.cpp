@@ -165,7 +165,6 @@ std::string TestoAiuto() {
          "json keys: content, code, family, glyphs, codes, hrc (display names only; the text\n"
          "of the HRC line, empty without --hrc), error.\n"
          "\n"
-         "\n"
          "Exit status: 0 every content encoded, 1 some content refused, 2 usage error,\n"
          "3 standard input could not be read or an output could not be written (krt-encode\n"
          "stops at the first such fault).\n";

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <cstdlib>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "cli/programma.h"
@@ -28,7 +29,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dati, std::size_t n) {
         argomenti, vuoto, [&](const char*, std::size_t k) { uscita += k; return static_cast<std::ptrdiff_t>(k); },
         [&](const char* t, std::size_t k) { errori.append(t, k); return static_cast<std::ptrdiff_t>(k); });
     if (stato < krt::UscitaRiuscita || stato > krt::UscitaUso) std::abort();
-    if ((stato == krt::UscitaUso) != (errori.find("Try 'krt-encode --help'.") != std::string::npos)) std::abort();
-    if (stato == krt::UscitaRifiuti && errori.empty()) std::abort();
+    const std::string_view rimando = "\nTry 'krt-encode --help'.\n";
+    if (stato == krt::UscitaUso && !std::string_view(errori).ends_with(rimando)) std::abort();
+    if ((stato == krt::UscitaRifiuti) == errori.empty() && stato != krt::UscitaUso) std::abort();
     return 0;
 }

@@ -1,6 +1,8 @@
 // The GS1 input parser: a "(AI)VALUE..." line, and the same bytes as AI=VALUE pairs
-// (split at NUL, the AI before the first '='). What the checks accept must compose into
-// content that the EAN 128 encoder takes, as the wizard's OK relies on.
+// (split at NUL, the AI before the first '='). What the checks accept in ASCII must
+// compose into content that the EAN 128 encoder takes, as the wizard's OK relies on.
+// (The checks let bytes above 127 through in text values, and the encoder refuses them:
+// that content is refused when it is encoded, with its reason.)
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -18,6 +20,9 @@ void Componi(const krt::EsitoRigheAI& esito) {
     if (!esito.errore.empty()) return;
     const krt::CodiceComposto codice = krt::ComponiCodiceAI(esito.righe);
     if (esito.righe.empty()) return;
+    for (const auto& riga : esito.righe)
+        for (const char c : riga.valore)
+            if (static_cast<unsigned char>(c) > 127) return;
     if (krt::CodificaBarcode(codice.contenuto, "E128", false).empty()) std::abort();
 }
 

@@ -57,12 +57,6 @@ const Caso Casi[] = {
     {"read fault after a line: the unfinished one is dropped", {"C39"}, "A\nB", false, EIO, Illimitato, Illimitato,
      UscitaIO, "#A#\n", "cannot read the input"},
     {"endless input into a closed pipe", {"C39"}, "123\n", true, 0, 30, Illimitato, UscitaIO, "*", "Broken pipe"},
-    {"refused content still exits 1", {"C39"}, "x y\nA\n", false, 0, Illimitato, Illimitato, UscitaRifiuti, "\n#A#\n",
-     "line 1: content not allowed"},
-    {"two-line glyphs keep one line per input line", {"-c", "C32HRC"}, "12345678\n12345678\n", false, 0, Illimitato,
-     Illimitato, UscitaRiuscita, "|*EWYUJV#\tA123456788\n|*EWYUJV#\tA123456788\n", ""},
-    {"unknown style", {"--style=Grassetto", "C39", "A"}, "", false, 0, Illimitato, Illimitato, UscitaUso, "",
-     "--style takes Normal, Narrow"},
 };
 
 class KrtEncodeFlussi : public ::testing::TestWithParam<Caso> {};
