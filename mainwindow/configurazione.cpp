@@ -97,7 +97,7 @@ bool SalvaFileIntero(const QString& percorso, const QByteArray& dati) {
 }
 
 // The data folder as given by the user: blanks around it go, once, here.
-QString CartellaDataDallUtente(const QString& cartella) { return TrimSpazi(cartella); }
+QString CartellaDatiDallUtente(const QString& cartella) { return TrimSpazi(cartella); }
 
 }  // namespace
 
@@ -113,7 +113,7 @@ bool IsFile(const QString& percorso) {
 }
 
 QString DeterminaCartellaDati(bool* creata) {
-    QString cartella = CartellaDataDallUtente(qEnvironmentVariable("KRT_DATA_DIR"));
+    QString cartella = CartellaDatiDallUtente(qEnvironmentVariable("KRT_DATA_DIR"));
     QString condivisa;
     if (cartella.isEmpty()) {
         auto sotto = [](const QString& base) {
@@ -148,7 +148,7 @@ QString CartellaDati() {
 }
 
 void ImpostaCartellaDati(const QString& cartellaData) {
-    const QString cartella = CartellaDataDallUtente(cartellaData);
+    const QString cartella = CartellaDatiDallUtente(cartellaData);
     auto& stato = Stato();
     stato.percorso = QDir::toNativeSeparators(cartella);
     stato.determinata = true;
