@@ -1,8 +1,9 @@
 // The GS1 input parser: a "(AI)VALUE..." line, and the same bytes as AI=VALUE pairs
 // (split at NUL, the AI before the first '='). What the checks accept in ASCII must
 // compose into content that the EAN 128 encoder takes, as the wizard's OK relies on.
-// (The checks let bytes above 127 through in text values, and the encoder refuses them:
-// that content is refused when it is encoded, with its reason.)
+// Left out: bytes above 127, which the checks let through in text values and the encoder
+// refuses (the content is then refused with its reason), and NUL, which the escaped
+// content cannot carry (krt-encode refuses it before composing).
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -22,7 +23,7 @@ void Componi(const krt::EsitoRigheAI& esito) {
     if (esito.righe.empty()) return;
     for (const auto& riga : esito.righe)
         for (const char c : riga.valore)
-            if (static_cast<unsigned char>(c) > 127) return;
+            if (static_cast<unsigned char>(c) > 127 || c == '\0') return;
     if (krt::CodificaBarcode(codice.contenuto, "E128", false).empty()) std::abort();
 }
 
