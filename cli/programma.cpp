@@ -8,6 +8,7 @@
 #include "cli/elaborazione.h"
 #include "cli/gs1.h"
 #include "cli/opzioni.h"
+#include "cycle/motivi.h"
 
 #ifndef KRT_VERSION
 #define KRT_VERSION "0"
@@ -92,7 +93,8 @@ int EseguiKrtEncode(std::span<const char* const> argomenti, FunzioneLettura ingr
         for (std::size_t numero = 1; lettore.Prossima(riga, troppoLunga); ++numero) {
             if (troppoLunga) {
                 RisultatoRiga lunga;
-                lunga.errore = "content longer than " + std::to_string(LunghezzaMassimaContenuto) + " characters";
+                lunga.rifiuto = Rifiuto::DiLunghezza(1, LunghezzaMassimaContenuto);
+                lunga.errore = TestoRifiuto(lunga.rifiuto, simbologia.codice);
                 scrivi(lunga, numero);
             } else {
                 CodificaContenuto(simbologia, opzioni, riga, r);

@@ -14,7 +14,7 @@
 
 #include "barcodes/codifica.h"
 #include "barcodes/errori.h"
-#include "wizard/composizione_ai.h"
+#include "gs1/composizione_ai.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <span>
 
-#include "mainwindow/configurazione_record.h"
+#include "cycle/configurazione_record.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dati, std::size_t n) {
     krt::Configurazione predefinita;
