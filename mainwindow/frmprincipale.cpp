@@ -2,7 +2,9 @@
 
 #include <cmath>
 #include <numbers>
+#include <algorithm>
 #include <exception>
+#include <vector>
 
 #include <QActionGroup>
 #include <QApplication>
@@ -17,6 +19,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QListWidget>
 #include <QMenuBar>
 #include <QPainter>
@@ -31,6 +34,7 @@
 #include <QVBoxLayout>
 
 #include "barcodes/errori.h"
+#include "cycle/avvisi.h"
 #include "mainwindow/anteprima.h"
 #include "mainwindow/attributi.h"
 #include "mainwindow/configurazione.h"
@@ -104,6 +108,8 @@ void frmPrincipale::CollegaEventi() {
         };
     };
     txtCodice->installEventFilter(this);
+    rtfContenuto->installEventFilter(this);
+    connect(txtCodice, &QLineEdit::textChanged, this, protetto(&frmPrincipale::AggiornaStato));
     txtDimensione->installEventFilter(this);
     connect(txtDimensione, &QLineEdit::textChanged, this, protetto(&frmPrincipale::txtDimensione_Change));
     connect(chkDigit, &QCheckBox::toggled, this, protetto(&frmPrincipale::chkDigit_Click));
@@ -133,6 +139,9 @@ void frmPrincipale::Avvia() {
     });
     CartellaDati();
     CaricaFont(*lstFont);
+    if (lstFont->count() == 0)
+        servizi_.messaggio(QMessageBox::Information, CaricaStringa(IdStringa::TitoloAvviso), CaricaStringa(IdNessunFont),
+                           QString());
     CaricaConfigurazione(configurazione_);
     ImpostaLingua();
     CaricaTesti();
@@ -145,6 +154,12 @@ void frmPrincipale::Avvia() {
 }
 
 void frmPrincipale::ApplicaConfigurazione() {
+    // What is read is shown, not written back: only a change by the user saves.
+    salvataggioSospeso_ = true;
+    struct Fine {
+        bool& flag;
+        ~Fine() { flag = false; }
+    } fine{salvataggioSospeso_};
     // Setting a control runs its handler, which stores what the control shows:
     // the texts to select are read before any of that.
     const QString simbologia = DaWindows1252(configurazione_.Simbologia.Rifilato());
@@ -164,7 +179,9 @@ void frmPrincipale::ApplicaConfigurazione() {
 
 // ---- Options ----------------------------------------------------------------------------
 
-void frmPrincipale::Salva() { SalvaConfigurazione(configurazione_); }
+void frmPrincipale::Salva() {
+    if (!salvataggioSospeso_) SalvaConfigurazione(configurazione_);
+}
 
 const VoceCatalogo* frmPrincipale::VoceSelezionata() const {
     const auto testo = AWindows1252(cmbSimbologia->currentText());
@@ -182,22 +199,23 @@ void frmPrincipale::AggiornaAttributi() {
         ~Fine() { flag = false; }
     } fine{inAggiornaAttributi_};
 
-    const int ricordato = cmbStile->currentIndex();
     const VoceCatalogo* voce = VoceSelezionata();
     const RigaAttributi& riga = RigaAttributiPerVoce(voce ? voce->id : 0);
+    const std::vector<int> stili = StiliOfferti(riga);
 
     {
         const QSignalBlocker blocco(cmbStile);
         cmbStile->clear();
-        for (int id : StiliOfferti(riga)) cmbStile->addItem(CaricaStringa(id));
+        for (int id : stili) cmbStile->addItem(CaricaStringa(id));
         cmbStile->setCurrentIndex(-1);
     }
     cmbStile->setEnabled(riga.stileAttivo);
+    MarcaStili(voce);
     // The style first, so that the option boxes below already run their cycles
-    // with a style selected.
-    // A list that had no selection (the first entry chosen after start-up or a
-    // language switch) starts from the first style too.
-    cmbStile->setCurrentIndex(ricordato > cmbStile->count() - 1 || ricordato < 0 ? 0 : ricordato);
+    // with a style selected. The style the user chose is kept by name where the new
+    // list has it; otherwise Normal, the first of every list.
+    const auto scelto = std::find(stili.begin(), stili.end(), stileScelto_);
+    cmbStile->setCurrentIndex(scelto == stili.end() ? 0 : static_cast<int>(scelto - stili.begin()));
 
     switch (riga.regola) {
     case RegolaOpzioni::Libera:
@@ -250,7 +268,19 @@ void frmPrincipale::txtCodice_GotFocus() { QTimer::singleShot(0, txtCodice, &QLi
 void frmPrincipale::txtDimensione_GotFocus() { QTimer::singleShot(0, txtDimensione, &QLineEdit::selectAll); }
 
 void frmPrincipale::txtDimensione_KeyPress(int& KeyAscii) {
-    if ((KeyAscii >= '0' && KeyAscii <= '9') || KeyAscii == 8) return;
+    if (KeyAscii >= '0' && KeyAscii <= '9') {
+        // A digit that would take the size past what word processors accept is refused.
+        QString dopo = txtDimensione->text();
+        const int inizio = txtDimensione->hasSelectedText() ? txtDimensione->selectionStart() : txtDimensione->cursorPosition();
+        dopo.remove(inizio, txtDimensione->selectedText().size());
+        dopo.insert(inizio, QChar(KeyAscii));
+        if (ValoreNumerico(dopo) <= DimensioneMassima) return;
+        KeyAscii = 0;
+        avvisoDimensione_ = true;
+        AggiornaAvvisi();
+        return;
+    }
+    if (KeyAscii == 8) return;
     if (KeyAscii == 13) {
         VerificaEGenera();
         txtDimensione->selectAll();
@@ -265,10 +295,17 @@ void frmPrincipale::txtDimensione_Change() {
         txtDimensione->setText(QString::number(DimensionePredefinita));  // stores it through this handler
         return;
     }
+    if (valore > DimensioneMassima) {
+        avvisoDimensione_ = true;
+        txtDimensione->setText(QString::number(DimensioneMassima));  // stores it through this handler
+        return;
+    }
     const long arrotondato = std::lround(valore);
-    if (arrotondato > INT16_MAX) return;
     configurazione_.Dimensione = static_cast<std::int16_t>(arrotondato);
     Salva();
+    AggiornaStato();
+    AggiornaAvvisi();
+    avvisoDimensione_ = false;  // said once, until the limit is met again
 }
 
 void frmPrincipale::txtDimensione_LostFocus() { VerificaEGenera(); }
@@ -303,6 +340,12 @@ void frmPrincipale::cmbSimbologia_Click() {
 void frmPrincipale::cmbStile_Click() {
     if (inCaricamento_) return;
     configurazione_.Stile.Imposta(AWindows1252Sostituendo(cmbStile->currentText()));
+    if (!inAggiornaAttributi_) {
+        const VoceCatalogo* voce = VoceSelezionata();
+        const std::vector<int> stili = StiliOfferti(RigaAttributiPerVoce(voce ? voce->id : 0));
+        const int indice = cmbStile->currentIndex();
+        if (indice >= 0 && indice < static_cast<int>(stili.size())) stileScelto_ = stili[static_cast<std::size_t>(indice)];
+    }
     Salva();
     VerificaEGenera();
 }
@@ -317,10 +360,23 @@ void frmPrincipale::mnuIncludiCheckDigit_Click() {
 }
 
 void frmPrincipale::cmdClipboard_Click() {
-    const std::string rtf = ComponiRtf(SegmentiDocumento(*rtfContenuto->document()));
+    // The user's clipboard is replaced only by a symbol that matches the settings.
+    const QString titolo = CaricaStringa(IdStringa::TitoloAvviso);
+    if (documento_->isEmpty()) {
+        servizi_.messaggio(QMessageBox::Information, titolo, CaricaStringa(IdAppuntiVuoti), QString());
+        return;
+    }
+    if (const QString motivo = motivoSuperata(); !motivo.isEmpty()) {
+        servizi_.messaggio(QMessageBox::Warning, titolo, CaricaStringa(IdAppuntiSuperati), motivo);
+        return;
+    }
+    const std::string rtf = ComponiRtf(SegmentiDocumento(*documento_));
+    QMimeData* dati = DatiAppuntiRtf(rtf);
+    // The glyph string as plain text too, for spreadsheets and label programs.
+    dati->setText(DaWindows1252(glifiDisegnati_).replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
     QClipboard* appunti = QGuiApplication::clipboard();
     appunti->clear();
-    appunti->setMimeData(DatiAppuntiRtf(rtf));
+    appunti->setMimeData(dati);
 }
 
 void frmPrincipale::imgWizard_Click() {

@@ -2,17 +2,20 @@
 #include "mainwindow/frmprincipale.h"
 
 #include <exception>
+#include <optional>
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QRegularExpression>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextEdit>
 
 #include "barcodes/errori.h"
+#include "cycle/avvisi.h"
 #include "mainwindow/anteprima.h"
 #include "mainwindow/frmprincipale_comune.h"
 #include "mainwindow/scansione.h"
@@ -59,7 +62,13 @@ bool frmPrincipale::GeneraAnteprima(bool SoloVerifica) {
     const QString testo = txtCodice->text();
     if (testo.isEmpty()) return false;
     const VoceCatalogo* voce = VoceSelezionata();
-    if (voce == nullptr) return true;
+    if (voce == nullptr) {
+        // An option change stays silent; Enter says what is missing.
+        if (!SoloVerifica)
+            servizi_.messaggio(QMessageBox::Information, CaricaStringa(IdStringa::TitoloAvviso),
+                               CaricaStringa(IdScegliSimbologia), QString());
+        return false;
+    }
 
     // A character that Windows-1252 cannot hold is refused like any other
     // character the symbology does not know.
@@ -81,12 +90,26 @@ bool frmPrincipale::GeneraAnteprima(bool SoloVerifica) {
             const GenerazioneVoce generazione = GeneraVoce(*voce, *contenuto, opzioni);
             if (generazione.accettato) {
                 if (!SoloVerifica) {
-                    ScriviAnteprima(generazione.glifi, generazione.famiglia, generazione.hrc);
-                    scansione_->Richiedi(*voce, generazione, *rtfContenuto->document());
+                    // Control characters of an escaped content show as placeholders.
+                    const std::string_view codice = voce->codice;
+                    const bool escape = codice == "C128" || codice == "E128" || codice == "C39FULL" || codice == "C93FULL";
+                    ScriviAnteprima(generazione.glifi, generazione.famiglia,
+                                    escape ? HRCLeggibile(generazione.hrc, codice == "C128" || codice == "E128")
+                                           : generazione.hrc);
+                    glifiDisegnati_ = generazione.glifi;
+                    contenutoDisegnato_ = testo;
+                    dimensioneDisegnata_ = ValoreDimensione();
+                    motivoRifiuto_.clear();
+                    avvisiContenuto_ = AvvisiContenuto(*voce, generazione);
+                    AggiornaVista();
+                    AggiornaStato();
+                    AggiornaAvvisi();
+                    scansione_->Richiedi(*voce, generazione, *documento_);
                 }
                 return true;
             }
         }
+        dettaglio = MotivoRifiuto(*voce, contenuto.value_or(std::string()), opzioni.checkDigit);
     } catch (const EscapeNonValido&) {
         dettaglio = Dettaglio(IdStringa::DettaglioEscape);
     } catch (const OverflowCheckSum&) {
@@ -96,13 +119,50 @@ bool frmPrincipale::GeneraAnteprima(bool SoloVerifica) {
     } catch (const std::exception& e) {
         dettaglio = DettaglioImprevisto(e);
     }
+    // The preview on screen stays, marked as not matching, until a cycle succeeds.
+    motivoRifiuto_ = dettaglio;
+    AggiornaStato();
     if (!SoloVerifica) MostraErrore(dettaglio);
     return false;
 }
 
+// Why a content is refused, as the user can act on it: a whole number typed with the
+// check digit that KRT adds, or the entry's rules.
+QString frmPrincipale::MotivoRifiuto(const VoceCatalogo& voce, const std::string& contenuto, bool check) {
+    if (CodiceAddOn(voce).empty()) {
+        if (const auto inPiu = CheckDigitInPiu(voce.codice, contenuto, CheckVoce(voce, check))) {
+            const bool isbn = voce.codice == "ISBN" || voce.codice == "ISBN13";
+            QString motivo = CaricaStringa(isbn ? IdCifreInPiuISBN : IdCifreInPiu)
+                                 .arg(static_cast<qulonglong>(inPiu->digitate))
+                                 .arg(static_cast<qulonglong>(inPiu->daDigitare));
+            if (inPiu->checkErrato) motivo += QLatin1Char(' ') + CaricaStringa(IdCheckDovrebbe).arg(QChar::fromLatin1(*inPiu->checkErrato));
+            return motivo;
+        }
+    }
+    return CaricaStringa(IdRifiutoGenerico).arg(cmbSimbologia->currentText());
+}
+
+// Warnings about a content that is drawn but is probably not what the user meant.
+QStringList frmPrincipale::AvvisiContenuto(const VoceCatalogo& voce, const GenerazioneVoce& generazione) {
+    QStringList avvisi;
+    const std::string& principale = generazione.parti.principale;
+    std::optional<char> check;
+    if (!generazione.check) check = CheckDigitErrato(voce.codice, principale);
+    if (voce.codice == "E128") {
+        // A GS1 key at the start of a content typed by hand: (00), (01), (02).
+        const std::string_view testo = principale;
+        const std::string_view ai = testo.substr(0, 2);
+        const std::size_t lunghezza = ai == "00" ? 18 : (ai == "01" || ai == "02") ? 14 : 0;
+        if (lunghezza != 0 && testo.size() >= 2 + lunghezza) check = CheckDigitChiaveGS1(ai, testo.substr(2, lunghezza));
+    }
+    if (check) avvisi << CaricaStringa(IdCheckDovrebbe).arg(QChar::fromLatin1(*check));
+    if (voce.codice == "ISBN13" && PrefissoISBNErrato(principale)) avvisi << CaricaStringa(IdPrefissoISBN);
+    return avvisi;
+}
+
 void frmPrincipale::ScriviAnteprima(const std::string& Glifi, const std::string& FontFamiglia,
                                     const std::string& TestoHRC) {
-    QTextDocument* documento = rtfContenuto->document();
+    QTextDocument* documento = documento_;
     documento->clear();
     QTextCursor cursore(documento);
 
@@ -116,7 +176,10 @@ void frmPrincipale::ScriviAnteprima(const std::string& Glifi, const std::string&
     const double punti = ValoreDimensione();
     if (punti > 0) barre.setFontPointSize(punti);
     cursore.setBlockCharFormat(barre);
-    cursore.insertText(LeggiGlifi(Glifi, fontBarre), barre);
+    const QString righe = LeggiGlifi(Glifi, fontBarre);
+    cursore.insertText(righe, barre);
+    famigliaBarre_ = DaWindows1252(FontFamiglia);
+    righeBarre_ = righe.split(QRegularExpression(QStringLiteral("[\\r\\n\\x{2029}]+")), Qt::SkipEmptyParts);
 
     if (chkHRC->isChecked() && !TestoHRC.empty()) {
         const Configurazione& c = configurazione_;
@@ -127,7 +190,10 @@ void frmPrincipale::ScriviAnteprima(const std::string& Glifi, const std::string&
         if (c.DimensioneHRC > 0) hrc.setFontPointSize(c.DimensioneHRC);
         hrc.setFontUnderline(c.SottolineatoHRC != 0);
         hrc.setFontStrikeOut(c.BarratoHRC != 0);
-        cursore.insertBlock(QTextBlockFormat(), hrc);
+        // Centred under the bars in the preview box (the copy keeps its own layout).
+        QTextBlockFormat centrato;
+        centrato.setAlignment(Qt::AlignHCenter);
+        cursore.insertBlock(centrato, hrc);
         cursore.insertText(DaWindows1252(TestoHRC), hrc);
     }
     AvvisaFont(FontFamiglia);

@@ -14,6 +14,7 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QPushButton>
+#include <QTextDocument>
 #include <QTextEdit>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -104,6 +105,9 @@ void frmPrincipale::CreaControlli() {
     txtDimensione->setMaxLength(5);
     txtDimensione->setAlignment(Qt::AlignRight);
     txtDimensione->setFixedWidth(txtDimensione->fontMetrics().horizontalAdvance(QStringLiteral("0000000")) + 12);
+    labLarghezza = new QLabel(centrale);
+    nomina(labLarghezza, "labLarghezza");
+    labLarghezza->setMinimumWidth(labLarghezza->fontMetrics().horizontalAdvance(QStringLiteral("larghezza 0000.0 mm")));
 
     chkDigit = new QCheckBox(centrale);
     nomina(chkDigit, "chkDigit");
@@ -125,6 +129,19 @@ void frmPrincipale::CreaControlli() {
     labAvvisoFont->setStyleSheet(QStringLiteral("color: #a04000;"));
     labAvvisoFont->setMinimumHeight(labAvvisoFont->fontMetrics().height());
 
+    labSuperata = new QLabel(centrale);
+    nomina(labSuperata, "labSuperata");
+    labSuperata->setStyleSheet(QStringLiteral("color: #b00000; font-weight: bold;"));
+    labSuperata->setWordWrap(true);
+    labSuperata->setVisible(false);
+    labAvvisi = new QLabel(centrale);
+    nomina(labAvvisi, "labAvvisi");
+    labAvvisi->setStyleSheet(QStringLiteral("color: #a04000;"));
+    labAvvisi->setWordWrap(true);
+    labAvvisi->setVisible(false);
+
+    // The generated preview lives in documento_; the box shows a copy zoomed to fit.
+    documento_ = new QTextDocument(this);
     rtfContenuto = new QTextEdit(centrale);
     nomina(rtfContenuto, "rtfContenuto");
     rtfContenuto->setReadOnly(true);
@@ -163,6 +180,7 @@ void frmPrincipale::CreaControlli() {
     rigaScelte->addSpacing(12);
     rigaScelte->addWidget(labDimensione);
     rigaScelte->addWidget(txtDimensione);
+    rigaScelte->addWidget(labLarghezza);
     griglia->addLayout(rigaScelte, 2, 1);
     auto* rigaOpzioni = new QHBoxLayout;
     rigaOpzioni->addWidget(chkDigit);
@@ -178,6 +196,8 @@ void frmPrincipale::CreaControlli() {
     verticale->addLayout(griglia);
     verticale->addWidget(Line1);
     verticale->addWidget(labAvvisoFont);
+    verticale->addWidget(labAvvisi);
+    verticale->addWidget(labSuperata);
     verticale->addWidget(rtfContenuto, 1);
     verticale->addWidget(scansione_->etichetta());
 

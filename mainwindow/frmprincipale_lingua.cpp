@@ -4,11 +4,13 @@
 #include <QActionGroup>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDir>
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QTextEdit>
 #include <QToolButton>
 
 #include "mainwindow/configurazione.h"
@@ -90,6 +92,7 @@ void frmPrincipale::CaricaTesti() {
     mnuIncludiCheckDigit->setText(CaricaStringa(292));
     imgWizard->setToolTip(CaricaStringa(IdStringa::SuggerimentoWizard));
     imgWizard->setAccessibleName(CaricaStringa(IdStringa::SuggerimentoWizard));
+    rtfContenuto->setPlaceholderText(CaricaStringa(IdPassiIniziali));
 
     inCaricamento_ = true;
     cmbSimbologia->clear();
@@ -100,6 +103,8 @@ void frmPrincipale::CaricaTesti() {
     imgWizard->setVisible(false);
 
     if (avvisoId_ != 0) labAvvisoFont->setText(CaricaStringa(avvisoId_).arg(avvisoArgomento_));
+    AggiornaStato();
+    AggiornaAvvisi();
     scansione_->AggiornaTesti();
 }
 
@@ -108,10 +113,7 @@ void frmPrincipale::mnuLinguaItaliano_Click() {
     if (!IsFile(marcatore)) {
         QFile file(marcatore);
         if (file.open(QIODevice::WriteOnly)) file.close();
-        ImpostaLingua();
-        CaricaTesti();
-        AggiornaAttributi();
-        Salva();
+        CambiaLingua();
     }
     ImpostaLingua();
 }
@@ -120,16 +122,27 @@ void frmPrincipale::mnuLinguaEnglish_Click() {
     const QString marcatore = UnisciPercorsoNome(CartellaDati(), QLatin1String(kMarcatoreItaliano));
     if (IsFile(marcatore)) {
         CancellaFile(marcatore);
-        ImpostaLingua();
-        CaricaTesti();
-        AggiornaAttributi();
-        Salva();
+        CambiaLingua();
     }
     ImpostaLingua();
 }
 
+// Texts in the language just chosen; the same entry stays selected (with its hint, its
+// style and the wizard's HRC text) and the preview is drawn again.
+void frmPrincipale::CambiaLingua() {
+    const VoceCatalogo* voce = VoceSelezionata();
+    ImpostaLingua();
+    CaricaTesti();
+    if (voce != nullptr) cmbSimbologia->setCurrentIndex(voce->id - IdPrimaVoce);
+    AggiornaAttributi();
+    Salva();
+}
+
 void frmPrincipale::mnuManuale_Click() {
-    servizi_.apriDocumento(UnisciPercorsoNome(CartellaDati(), nomeGuida_));
+    const QString percorso = UnisciPercorsoNome(CartellaDati(), nomeGuida_);
+    if (!servizi_.apriDocumento(percorso))
+        servizi_.messaggio(QMessageBox::Information, CaricaStringa(IdStringa::TitoloAvviso),
+                           CaricaStringa(IdGuidaNonAperta).arg(QDir::toNativeSeparators(percorso)), QString());
 }
 
 }  // namespace krt

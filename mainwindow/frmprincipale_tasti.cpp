@@ -7,6 +7,7 @@
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QTextEdit>
 
 #include "mainwindow/frmprincipale_comune.h"
 #include "support/cp1252.h"
@@ -52,6 +53,8 @@ bool frmPrincipale::eventFilter(QObject* oggetto, QEvent* evento) {
             } else if (evento->type() == QEvent::FocusIn) {
                 txtCodice_GotFocus();
             }
+        } else if (oggetto == rtfContenuto) {
+            if (evento->type() == QEvent::Resize) AggiornaVista();
         } else if (oggetto == txtDimensione) {
             if (evento->type() == QEvent::KeyPress) {
                 int tasto = CodiceTasto(static_cast<QKeyEvent*>(evento));
