@@ -13,12 +13,14 @@
 #include <QComboBox>
 #include <QDir>
 #include <QFile>
+#include <QFontDatabase>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMimeData>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QScrollBar>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTextBlock>
@@ -406,6 +408,30 @@ TEST_F(Finestra, CambiDiOpzioneRigenerano) {
     EXPECT_EQ(Anteprima()[0].punti, 72);
     EXPECT_EQ(finestra->configurazione().Dimensione, 72);
     EXPECT_TRUE(messaggi.empty());
+}
+
+// The symbol's printed width beside the size, a warning past a page's text column, and
+// a preview zoomed out to show the whole symbol in the window's default size.
+TEST_F(Finestra, LarghezzaStampata) {
+    const QString file = QStringLiteral(KRT_FONT_PROVA "/ORBEAN.ttf");
+    if (!QFile::exists(file)) GTEST_SKIP() << "reference fonts not built";
+    const int font = QFontDatabase::addApplicationFont(file);
+    ASSERT_GE(font, 0);
+    Apri();
+    finestra->show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(finestra.get()));
+    Voce("EAN 13");
+    Invio(QStringLiteral("5901234123457"));
+    const auto millimetri = [this] { return labLarghezza->text().section(QLatin1Char(' '), 0, 0).toDouble(); };
+    const double a100 = millimetri();
+    EXPECT_GT(a100, 160);
+    EXPECT_EQ(labAvvisi->text(), CaricaStringa(506).arg(160));
+    EXPECT_EQ(rtfContenuto->horizontalScrollBar()->maximum(), 0) << "the whole symbol is in view";
+    txtDimensione->setText(QStringLiteral("24"));
+    EXPECT_NEAR(millimetri(), a100 * 0.24, 0.1);
+    EXPECT_TRUE(labAvvisi->isHidden());
+    finestra.reset();
+    QFontDatabase::removeApplicationFont(font);
 }
 
 TEST_F(Finestra, CasellaDimensione) {
