@@ -15,6 +15,7 @@
 #include "barcodes/delta.h"
 #include "barcodes/ean128.h"
 #include "barcodes/ean_upc.h"
+#include "barcodes/escape.h"
 #include "barcodes/fullascii.h"
 #include "barcodes/isbn.h"
 #include "barcodes/validazione.h"
@@ -120,17 +121,19 @@ void ISBN13(std::string& contenuto, bool, std::string& glifi) {
 struct Simbologia {
     std::uint64_t chiave;  // ChiaveCodice of the code
     void (*codifica)(std::string& contenuto, bool checkDigit, std::string& glifi);
+    unsigned codiceMassimo;  // codes reading escapes: the highest character code they can draw
 
-    constexpr Simbologia(std::string_view codice, void (*codificatore)(std::string&, bool, std::string&))
-        : chiave(ChiaveCodice(codice)), codifica(codificatore) {}
+    constexpr Simbologia(std::string_view codice, void (*codificatore)(std::string&, bool, std::string&),
+                         unsigned massimo = 255)
+        : chiave(ChiaveCodice(codice)), codifica(codificatore), codiceMassimo(massimo) {}
 };
 
 constexpr TabellaCodici Simbologie(std::array<Simbologia, 31>{{
     {"POSTNET", Avvolto<CalcolaCheckPostnet>},
     {"C39", Avvolto<CalcolaCheck39, '#'>},
-    {"C39FULL", Code39Full},
+    {"C39FULL", Code39Full, 127},
     {"C93", Avvolto<CalcolaCheck93>},
-    {"C93FULL", Code93Full},
+    {"C93FULL", Code93Full, 127},
     {"CIP", Avvolto<CalcolaCheckCIP>},
     {"PLESSEY", Avvolto<CalcolaCheckPlessey>},
     {"DELTA", Codificato<CalcolaCheckDelta, CodificaDelta>},
@@ -153,8 +156,8 @@ constexpr TabellaCodici Simbologie(std::array<Simbologia, 31>{{
     {"C32", Codificato<CalcolaCheck32, CodificaCodice32>},
     {"C32HRC", Codice32ConTesto},
     {"CBAR", Codificato<CalcolaCheckCodabar, CodificaCodabar>},
-    {"C128", Code128},
-    {"E128", Ean128},
+    {"C128", Code128, 132},
+    {"E128", Ean128, 132},
     {"ISBN", ISBN10},
     {"ISBN13", ISBN13},
 }});
@@ -167,11 +170,17 @@ std::string CodificaBarcode(std::string contenuto, std::string codice, bool chec
     return glifi;
 }
 
-void CodificaBarcode(std::string& contenuto, std::string_view codice, bool checkDigit, std::string& glifi) {
+Rifiuto CodificaBarcode(std::string& contenuto, std::string_view codice, bool checkDigit, std::string& glifi) {
     glifi.clear();
     const std::uint64_t chiave = ChiaveCodice(codice, true);
-    if (!ValidaCodicePerChiave(contenuto, chiave, checkDigit)) return;
-    if (const Simbologia* s = Simbologie.Trova(chiave)) s->codifica(contenuto, checkDigit, glifi);
+    if (Rifiuto r = VerificaCodicePerChiave(contenuto, chiave, checkDigit)) return r;
+    const Simbologia* s = Simbologie.Trova(chiave);
+    if (s == nullptr) return {};
+    s->codifica(contenuto, checkDigit, glifi);
+    // The codes that read escapes refuse, leaving the content as it was, a character
+    // beyond what they can draw.
+    if (glifi.empty()) return CarattereOltre(contenuto, s->codiceMassimo);
+    return {};
 }
 
 }  // namespace krt

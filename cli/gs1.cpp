@@ -4,7 +4,7 @@
 #include <utility>
 #include <vector>
 
-#include "cli/codifica_testo.h"
+#include "text/codifica_testo.h"
 #include "wizard/composizione_ai.h"
 
 namespace krt {
@@ -30,9 +30,12 @@ RisultatoRiga Codifica(const Simbologia& simbologia, const OpzioniCli& opzioni, 
         r.contenuto = codice.contenuto;
         return r;
     }
+    // The wizard's refusals are structure rules of GS1-128 content, with its message id.
     RisultatoRiga r;
     r.codice = simbologia.codice;
     r.errore = Motivo(esito);
+    r.rifiuto = Rifiuto::Di(MotivoRifiuto::Struttura);
+    r.idMessaggio = esito.idMessaggio;
     return r;
 }
 

@@ -42,7 +42,6 @@
 #include "mainwindow/informazioni.h"
 #include "mainwindow/rtf.h"
 #include "mainwindow/scansione.h"
-#include "mainwindow/voce.h"
 #include "support/cp1252.h"
 #include "support/frmsplash.h"
 #include "support/stringhe.h"

@@ -11,7 +11,7 @@
 #include <QMessageBox>
 
 #include "mainwindow/configurazione_record.h"
-#include "mainwindow/voce.h"
+#include "cycle/voce.h"
 
 class QAction;
 class QActionGroup;
@@ -99,7 +99,7 @@ private:
     void Salva();
     void AvvisaFont(const std::string& famiglia);
     void MarcaStili(const VoceCatalogo* voce);
-    QString MotivoRifiuto(const VoceCatalogo& voce, const std::string& contenuto, bool check);
+    QString MotivoRifiuto(const VoceCatalogo& voce, const std::string& contenuto, bool check, const Rifiuto& rifiuto);
     QStringList AvvisiContenuto(const VoceCatalogo& voce, const GenerazioneVoce& generazione);
     QString motivoSuperata() const;
     void AggiornaStato();

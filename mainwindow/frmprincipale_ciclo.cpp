@@ -16,16 +16,33 @@
 
 #include "barcodes/errori.h"
 #include "cycle/avvisi.h"
+#include "cycle/motivi.h"
 #include "mainwindow/anteprima.h"
 #include "mainwindow/frmprincipale_comune.h"
 #include "mainwindow/scansione.h"
-#include "mainwindow/voce.h"
+#include "cycle/voce.h"
 #include "support/cp1252.h"
 #include "support/stringhe.h"
 
 namespace krt {
 
 using namespace finestra;
+
+namespace {
+
+// 1-based position (in characters) of the first character Windows-1252 cannot hold.
+std::size_t PrimoNon1252(const QString& testo) {
+    std::size_t posizione = 0;
+    for (qsizetype i = 0; i < testo.size(); ++i) {
+        if (testo.at(i).isLowSurrogate()) continue;
+        ++posizione;
+        const qsizetype n = testo.at(i).isHighSurrogate() && i + 1 < testo.size() ? 2 : 1;
+        if (!AWindows1252(QStringView(testo).mid(i, n))) return posizione;
+    }
+    return posizione;
+}
+
+}  // namespace
 
 void frmPrincipale::VerificaEGenera() {
     if (GeneraAnteprima(true)) {
@@ -108,8 +125,11 @@ bool frmPrincipale::GeneraAnteprima(bool SoloVerifica) {
                 }
                 return true;
             }
+            dettaglio = MotivoRifiuto(*voce, *contenuto, opzioni.checkDigit, generazione.rifiuto);
+        } else {
+            const Rifiuto rifiuto = Rifiuto::InCarattere(PrimoNon1252(testo), 0);
+            dettaglio = QString::fromStdString(TestoRifiuto(rifiuto, voce->codice, OffsetLingua()));
         }
-        dettaglio = MotivoRifiuto(*voce, contenuto.value_or(std::string()), opzioni.checkDigit);
     } catch (const EscapeNonValido&) {
         dettaglio = Dettaglio(IdStringa::DettaglioEscape);
     } catch (const OverflowCheckSum&) {
@@ -127,8 +147,9 @@ bool frmPrincipale::GeneraAnteprima(bool SoloVerifica) {
 }
 
 // Why a content is refused, as the user can act on it: a whole number typed with the
-// check digit that KRT adds, or the entry's rules.
-QString frmPrincipale::MotivoRifiuto(const VoceCatalogo& voce, const std::string& contenuto, bool check) {
+// check digit that KRT adds, or the reason the rules give.
+QString frmPrincipale::MotivoRifiuto(const VoceCatalogo& voce, const std::string& contenuto, bool check,
+                                     const Rifiuto& rifiuto) {
     if (CodiceAddOn(voce).empty()) {
         if (const auto inPiu = CheckDigitInPiu(voce.codice, contenuto, CheckVoce(voce, check))) {
             const bool isbn = voce.codice == "ISBN" || voce.codice == "ISBN13";
@@ -139,6 +160,8 @@ QString frmPrincipale::MotivoRifiuto(const VoceCatalogo& voce, const std::string
             return motivo;
         }
     }
+    const std::string testo = TestoRifiuto(rifiuto, voce.codice, OffsetLingua());
+    if (!testo.empty()) return QString::fromStdString(testo);
     return CaricaStringa(IdRifiutoGenerico).arg(cmbSimbologia->currentText());
 }
 

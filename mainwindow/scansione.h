@@ -13,7 +13,7 @@
 #include <QObject>
 #include <QString>
 
-#include "mainwindow/voce.h"
+#include "cycle/voce.h"
 
 class QLabel;
 class QTextDocument;

@@ -1,5 +1,5 @@
 // Entry-level logic of the generate cycle (see voce.h).
-#include "mainwindow/voce.h"
+#include "cycle/voce.h"
 
 #include <array>
 #include <cstddef>
@@ -163,14 +163,23 @@ ParteVoce DividiAddOn(const VoceCatalogo& voce, std::string_view contenuto, bool
     return {std::string(principale), std::string(addOn)};
 }
 
-bool ValidaVoce(const VoceCatalogo& voce, std::string_view contenuto, bool checkDigit, ParteVoce& parti) {
-    if (contenuto.empty()) return false;
+Rifiuto VerificaVoce(const VoceCatalogo& voce, std::string_view contenuto, bool checkDigit, ParteVoce& parti) {
+    if (contenuto.empty()) return Rifiuto::Di(MotivoRifiuto::Vuoto);
     const bool check = CheckVoce(voce, checkDigit);
     ParteVoce divise = DividiAddOn(voce, contenuto, check);
-    if (!ValidaCodice(divise.principale, voce.codice, check)) return false;
-    if (voce.addOn != 0 && !ValidaCodice(divise.addOn, CodiceAddOn(voce), true)) return false;
+    const std::size_t primaAddOn = divise.principale.size();
+    if (Rifiuto r = VerificaCodice(divise.principale, voce.codice, check)) return r;
+    if (voce.addOn != 0) {
+        // An add-on left out is all zeros.
+        if (divise.addOn.empty()) divise.addOn.assign(static_cast<std::size_t>(voce.addOn), '0');
+        if (Rifiuto r = VerificaCodice(divise.addOn, CodiceAddOn(voce), true)) return r.Spostato(primaAddOn);
+    }
     parti = std::move(divise);
-    return true;
+    return {};
+}
+
+bool ValidaVoce(const VoceCatalogo& voce, std::string_view contenuto, bool checkDigit, ParteVoce& parti) {
+    return !VerificaVoce(voce, contenuto, checkDigit, parti);
 }
 
 std::string CalcolaHRC(const VoceCatalogo& voce, std::string_view contenuto, bool conCheck) {
@@ -209,12 +218,25 @@ std::string TestoHRCVoce(const VoceCatalogo& voce, std::string_view contenuto, c
 
 GenerazioneVoce GeneraVoce(const VoceCatalogo& voce, std::string_view contenuto, const OpzioniVoce& opzioni) {
     GenerazioneVoce esito;
-    if (!ValidaVoce(voce, contenuto, opzioni.checkDigit, esito.parti)) return esito;
+    ParteVoce parti;
+    esito.rifiuto = VerificaVoce(voce, contenuto, opzioni.checkDigit, parti);
+    if (esito.rifiuto) return esito;
+    const bool check = CheckVoce(voce, opzioni.checkDigit);
+    const std::string codice = CodiceVoce(voce, opzioni.hrc);
+    // The engine works on copies: the parts stay as validation left them, for the HRC.
+    std::string principale = parti.principale, glifi;
+    esito.rifiuto = CodificaBarcode(principale, codice, check, glifi);
+    if (!esito.rifiuto && voce.addOn != 0) {
+        std::string addOn = parti.addOn, glifiAddOn;
+        esito.rifiuto = CodificaBarcode(addOn, CodiceAddOn(voce), true, glifiAddOn).Spostato(parti.principale.size());
+        glifi += glifiAddOn;
+    }
+    if (esito.rifiuto) return esito;
     esito.accettato = true;
-    esito.check = CheckVoce(voce, opzioni.checkDigit);
-    esito.codice = CodiceVoce(voce, opzioni.hrc);
-    esito.glifi = CodificaBarcode(esito.parti.principale, esito.codice, esito.check);
-    if (voce.addOn != 0) esito.glifi += CodificaBarcode(esito.parti.addOn, std::string(CodiceAddOn(voce)), true);
+    esito.check = check;
+    esito.codice = codice;
+    esito.parti = std::move(parti);
+    esito.glifi = std::move(glifi);
     esito.famiglia = ScegliFontFamiglia(voce.famiglia, opzioni.stile);
     esito.hrc = TestoHRCVoce(voce, esito.parti.principale, opzioni);
     return esito;
