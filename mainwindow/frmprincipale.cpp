@@ -1,37 +1,25 @@
 #include "mainwindow/frmprincipale.h"
 
 #include <cmath>
-#include <numbers>
 #include <algorithm>
 #include <exception>
 #include <vector>
 
-#include <QActionGroup>
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
 #include <QFile>
-#include <QFocusEvent>
 #include <QFontDialog>
-#include <QGridLayout>
-#include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMimeData>
 #include <QListWidget>
-#include <QMenuBar>
-#include <QPainter>
-#include <QPainterPath>
 #include <QPushButton>
 #include <QSignalBlocker>
-#include <QTextBlock>
-#include <QTextCursor>
 #include <QTextEdit>
 #include <QTimer>
 #include <QToolButton>
-#include <QVBoxLayout>
 
 #include "barcodes/errori.h"
 #include "cycle/avvisi.h"
@@ -138,9 +126,6 @@ void frmPrincipale::Avvia() {
     });
     CartellaDati();
     CaricaFont(*lstFont);
-    if (lstFont->count() == 0)
-        servizi_.messaggio(QMessageBox::Information, CaricaStringa(IdStringa::TitoloAvviso), CaricaStringa(IdNessunFont),
-                           QString());
     CaricaConfigurazione(configurazione_);
     ImpostaLingua();
     CaricaTesti();
@@ -150,6 +135,11 @@ void frmPrincipale::Avvia() {
         MostraErrore(DettaglioImprevisto(e));
     }
     splash.close();
+    // Without any barcode font the window still works, but the user must know why the
+    // preview shows letters: once, in the language chosen.
+    if (lstFont->count() == 0)
+        servizi_.messaggio(QMessageBox::Information, CaricaStringa(IdStringa::TitoloAvviso), CaricaStringa(IdNessunFont),
+                           QString());
 }
 
 void frmPrincipale::ApplicaConfigurazione() {
@@ -303,7 +293,6 @@ void frmPrincipale::txtDimensione_Change() {
     configurazione_.Dimensione = static_cast<std::int16_t>(arrotondato);
     Salva();
     AggiornaStato();
-    AggiornaAvvisi();
     avvisoDimensione_ = false;  // said once, until the limit is met again
 }
 

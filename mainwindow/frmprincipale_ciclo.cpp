@@ -120,7 +120,6 @@ bool frmPrincipale::GeneraAnteprima(bool SoloVerifica) {
                     avvisiContenuto_ = AvvisiContenuto(*voce, generazione);
                     AggiornaVista();
                     AggiornaStato();
-                    AggiornaAvvisi();
                     scansione_->Richiedi(*voce, generazione, *documento_);
                 }
                 return true;

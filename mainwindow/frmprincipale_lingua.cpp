@@ -104,7 +104,6 @@ void frmPrincipale::CaricaTesti() {
 
     if (avvisoId_ != 0) labAvvisoFont->setText(CaricaStringa(avvisoId_).arg(avvisoArgomento_));
     AggiornaStato();
-    AggiornaAvvisi();
     scansione_->AggiornaTesti();
 }
 

@@ -59,6 +59,7 @@ void frmPrincipale::AggiornaStato() {
     tavolozza.setColor(QPalette::Text, motivo.isEmpty() ? normale.color(QPalette::Text) : QColor(170, 170, 170));
     rtfContenuto->setPalette(tavolozza);
     scansione_->etichetta()->setEnabled(motivo.isEmpty());
+    AggiornaAvvisi();
 }
 
 double frmPrincipale::LarghezzaSimboloMm() const {
@@ -77,7 +78,8 @@ double frmPrincipale::LarghezzaSimboloMm() const {
 }
 
 void frmPrincipale::AggiornaAvvisi() {
-    QStringList righe = avvisiContenuto_;
+    // The warnings about the content belong to the preview drawn: not shown while it is out of date.
+    QStringList righe = motivoSuperata().isEmpty() ? avvisiContenuto_ : QStringList();
     const double mm = LarghezzaSimboloMm();
     const bool largo = mm > LarghezzaColonnaMm;
     labLarghezza->setText(mm > 0 ? CaricaStringa(IdLarghezzaMm).arg(mm, 0, 'f', 1) : QString());
@@ -101,7 +103,10 @@ void frmPrincipale::AggiornaVista() {
     SenzaACapo(*vista);
     vista->setTextWidth(-1);
     const QSizeF naturale = vista->size();
-    const QSizeF spazio = QSizeF(rtfContenuto->contentsRect().size()) - QSizeF(4, 4);
+    // The room inside the box's frame, less the document's margins and a pixel or two for
+    // rounding, so that no scroll bar appears.
+    const double margini = 2 * vista->documentMargin() + 4;
+    const QSizeF spazio = QSizeF(rtfContenuto->contentsRect().size()) - QSizeF(margini, margini);
     double zoom = 1;
     if (naturale.width() > 0 && naturale.height() > 0)
         zoom = std::min({1.0, spazio.width() / naturale.width(), spazio.height() / naturale.height()});
