@@ -1,4 +1,5 @@
 // schermate OUTPUT_FOLDER [FONT_FOLDER]
+// schermate --guida OUTPUT_FOLDER FONT_FOLDER
 //
 // Drives the main window as a user would and saves what it shows, in both languages:
 //   LANG-1-stale.png          a preview left behind by a change of symbology
@@ -8,6 +9,8 @@
 //   LANG-4-no-fonts.png       the window and its start-up notice without any barcode font
 // The barcode fonts are taken from FONT_FOLDER (*.ttf); without it the installed ones
 // are used, and with none installed only the missing-font pictures are meaningful.
+// With --guida it draws the pictures of the user guide instead (docs/guide/images):
+//   LANG-main.png, LANG-wizard.png, LANG-ean128.png, LANG-isbn.png
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
@@ -15,16 +18,21 @@
 #include <QFile>
 #include <QFontDatabase>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMessageBox>
 #include <QPainter>
+#include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QToolButton>
 
 #include <memory>
 
 #include "mainwindow/configurazione.h"
 #include "mainwindow/frmprincipale.h"
 #include "support/stringhe.h"
+#include "wizard/catalogo_ai.h"
+#include "wizard/frmean128wizard.h"
 
 namespace {
 
@@ -34,6 +42,8 @@ struct Sessione {
     QTemporaryDir cartella;
     std::unique_ptr<frmPrincipale> finestra;
     QImage ultimoMessaggio;
+
+    std::string contenutoWizard, hrcWizard;
 
     explicit Sessione(bool italiano) {
         ImpostaCartellaDati(cartella.path());
@@ -52,6 +62,11 @@ struct Sessione {
             ultimoMessaggio = box.grab().toImage();
         };
         servizi.apriDocumento = [](const QString&) { return true; };
+        servizi.wizard = [this](std::string& contenuto, std::string& hrc) {
+            contenuto = contenutoWizard;
+            hrc = hrcWizard;
+            return true;
+        };
         finestra = std::make_unique<frmPrincipale>(servizi);
         finestra->Avvia();
         finestra->show();
@@ -91,8 +106,63 @@ struct Sessione {
 
 }  // namespace
 
+// The wizard with the guide's example: AI 01, 10 and 310 inserted, AI 10 selected.
+QImage Wizard() {
+    frmEan128Wizard wizard;
+    wizard.show();
+    QTest::qWaitForWindowExposed(&wizard);
+    auto* lista = wizard.findChild<QListWidget*>(QStringLiteral("lstAI"));
+    auto* valore = wizard.findChild<QLineEdit*>(QStringLiteral("txtValore"));
+    for (const auto& [ai, testo] : {std::pair{"01", "09501101530003"}, std::pair{"10", "ABC"}, std::pair{"310", "12.5"}}) {
+        lista->setCurrentRow(static_cast<int>(*CercaAI(ai)));
+        valore->setText(QString::fromLatin1(testo));
+        wizard.findChild<QPushButton*>(QStringLiteral("cmdUp"))->click();
+    }
+    lista->setCurrentRow(static_cast<int>(*CercaAI("10")));
+    wizard.findChild<QListWidget*>(QStringLiteral("lstCodice"))->setCurrentRow(0);
+    QTest::qWait(100);
+    return wizard.grab().toImage();
+}
+
+int Guida(const QDir& uscita) {
+    for (const bool italiano : {false, true}) {
+        const QString lingua = italiano ? QStringLiteral("it") : QStringLiteral("en");
+        const auto file = [&](const char* nome) { return uscita.filePath(lingua + QLatin1Char('-') + QLatin1String(nome)); };
+        Sessione s(italiano);
+        s.Voce(400);  // Code 39
+        s.Spunta("chkDigit", true);
+        s.Spunta("chkHRC", true);
+        s.Figlio<QLineEdit>("txtDimensione")->setText(QStringLiteral("60"));
+        s.Invio(QStringLiteral("ABC-123"));
+        s.Salva(file("main.png"));
+
+        s.Voce(425);  // EAN 128, through the wizard's hand-back
+        s.Figlio<QLineEdit>("txtDimensione")->setText(QStringLiteral("24"));
+        s.contenutoWizard = "010950110153000310ABC\\x813101000125";
+        s.hrcWizard = "(01)09501101530003(10)ABC(3101)000125";
+        s.Figlio<QToolButton>("imgWizard")->click();
+        QTest::qWait(100);
+        s.finestra->grab().toImage().copy(0, 0, s.finestra->width(), 262).save(file("ean128.png"));
+
+        s.Voce(434);  // ISBN-10
+        s.Figlio<QLineEdit>("txtDimensione")->setText(QStringLiteral("24"));
+        s.Invio(QStringLiteral("884271710"));
+        QTest::qWait(100);
+        s.finestra->grab().toImage().copy(0, 0, s.finestra->width(), 262).save(file("isbn.png"));
+
+        Wizard().save(file("wizard.png"));
+    }
+    return 0;
+}
+
 int main(int argc, char* argv[]) {
     QApplication app(argc, argv);
+    if (argc == 4 && QByteArray(argv[1]) == "--guida") {
+        const QDir font(QString::fromLocal8Bit(argv[3]));
+        for (const QString& nome : font.entryList({QStringLiteral("*.ttf")}, QDir::Files))
+            QFontDatabase::addApplicationFont(font.filePath(nome));
+        return Guida(QDir(QString::fromLocal8Bit(argv[2])));
+    }
     if (argc < 2) {
         qWarning("usage: schermate OUTPUT_FOLDER [FONT_FOLDER]");
         return 2;
