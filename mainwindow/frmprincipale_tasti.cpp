@@ -1,5 +1,5 @@
-// Key events of the content and size boxes translated into VB-style key codes for
-// their key-press handlers.
+// The window's event filter: key events of the content and size boxes translated into
+// VB-style key codes for their key-press handlers, and the preview box's resizing.
 #include "mainwindow/frmprincipale.h"
 
 #include <exception>
