@@ -6,6 +6,7 @@
 #include <cstring>
 
 #include "barcodes/controllo.h"
+#include "barcodes/simbologie.h"
 
 namespace krt {
 
@@ -118,39 +119,43 @@ Rifiuto RegolaCodabar(std::string& contenuto, std::size_t, bool) {
     return {};
 }
 
+using FunzioneRegola = Rifiuto (*)(std::string& contenuto, std::size_t lunghezza, bool checkDigit);
+
+constexpr FunzioneRegola FunzioneDi(RegolaValidazione regola) {
+    switch (regola) {
+        case RegolaValidazione::Libera: return Accetta;
+        case RegolaValidazione::Fissa: return RegolaFissa;
+        case RegolaValidazione::UPCE: return RegolaUPCE;
+        case RegolaValidazione::Postnet: return RegolaPostnet;
+        case RegolaValidazione::CIP: return RegolaCIP;
+        case RegolaValidazione::Interleaved: return RegolaInterleaved;
+        case RegolaValidazione::Cifre: return RegolaCifre;
+        case RegolaValidazione::Codice11: return RegolaCodice11;
+        case RegolaValidazione::MSI: return RegolaMSI;
+        case RegolaValidazione::Codice39: return RegolaCodice39;
+        case RegolaValidazione::Plessey: return RegolaPlessey;
+        case RegolaValidazione::Delta: return RegolaDelta;
+        case RegolaValidazione::Codabar: return RegolaCodabar;
+    }
+    return Accetta;
+}
+
 struct Regola {
-    std::uint64_t chiave;  // ChiaveCodice of the code
-    Rifiuto (*valida)(std::string& contenuto, std::size_t lunghezza, bool checkDigit);
+    std::uint64_t chiave = 0;  // ChiaveCodice of the code
+    FunzioneRegola valida = nullptr;
     std::uint8_t conCheck = 0;    // fixed length with the check option, 0 for none
     std::uint8_t senzaCheck = 0;  // and without it
-
-    constexpr Regola(std::string_view codice, Rifiuto (*regola)(std::string&, std::size_t, bool),
-                     std::uint8_t lunghezzaConCheck = 0, std::uint8_t lunghezzaSenzaCheck = 0)
-        : chiave(ChiaveCodice(codice)), valida(regola), conCheck(lunghezzaConCheck),
-          senzaCheck(lunghezzaSenzaCheck) {}
 };
 
-// Codes not listed (the Inverted and Compressed 2 of 5 among them) are accepted unchanged.
-constexpr TabellaCodici Regole(std::array<Regola, 29>{{
-    {"UPCE", RegolaUPCE, 7, 8},
-    {"EAN8", RegolaFissa, 7, 8},    {"EAN13", RegolaFissa, 12, 13}, {"ISBN", RegolaFissa, 9, 9},
-    {"ISBN13", RegolaFissa, 12, 12}, {"UPCA", RegolaFissa, 11, 12},  {"ADD2", RegolaFissa, 2, 2},
-    {"ADD5", RegolaFissa, 5, 5},
-    {"POSTNET", RegolaPostnet},
-    {"CIP", RegolaCIP, 6, 7},
-    {"C25", RegolaInterleaved},
-    {"CIND25", RegolaCifre},     {"C5BARS", RegolaCifre}, {"C3BARS", RegolaCifre},
-    {"CBCD", RegolaCifre},
-    {"C11", RegolaCodice11},
-    {"CMSI", RegolaMSI},
-    {"C32", RegolaFissa, 8, 9},   {"C32HRC", RegolaFissa, 8, 9}, {"ITF", RegolaFissa, 13, 14},
-    {"C128", Accetta},           {"E128", Accetta},       {"C39FULL", Accetta},
-    {"C93FULL", Accetta},
-    {"C39", RegolaCodice39},     {"C93", RegolaCodice39},  // one alphabet for both
-    {"PLESSEY", RegolaPlessey},
-    {"DELTA", RegolaDelta},
-    {"CBAR", RegolaCodabar},
-}});
+// The validation rule of every row of the symbology table, found by code in one step.
+constexpr auto Regole = [] {
+    std::array<Regola, Simbologie.size()> righe{};
+    for (std::size_t i = 0; i < righe.size(); ++i) {
+        const DescrittoreSimbologia& d = Simbologie[i];
+        righe[i] = {ChiaveCodice(d.codice), FunzioneDi(d.validazione), d.conCheck, d.senzaCheck};
+    }
+    return TabellaCodici(righe);
+}();
 
 }  // namespace
 
@@ -165,7 +170,7 @@ Rifiuto VerificaCodice(std::string& contenuto, std::string_view codice, bool che
 Rifiuto VerificaCodicePerChiave(std::string& contenuto, std::uint64_t chiave, bool checkDigit) {
     if (contenuto.empty()) return Rifiuto::Di(MotivoRifiuto::Vuoto);
     const Regola* r = Regole.Trova(chiave);
-    if (r == nullptr) return {};
+    if (r == nullptr) return {};  // an unknown code: the encoder has nothing to draw either
     return r->valida(contenuto, checkDigit ? r->conCheck : r->senzaCheck, checkDigit);
 }
 

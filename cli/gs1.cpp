@@ -5,13 +5,13 @@
 #include <vector>
 
 #include "text/codifica_testo.h"
-#include "wizard/composizione_ai.h"
+#include "gs1/composizione_ai.h"
 
 namespace krt {
 
 namespace {
 
-constexpr std::string_view CodiceGS1 = "E128";
+constexpr std::string_view CodiceGS1 = CodiceDi(TipoSimbologia::Ean128);
 
 // The text of a refused line: the wizard's message and its id, or the reason alone.
 std::string Motivo(const EsitoRigheAI& esito) {

@@ -16,8 +16,8 @@
 #include "cycle/avvisi.h"
 #include "support/cp1252.h"
 #include "support/stringhe.h"
-#include "wizard/catalogo_ai.h"
-#include "wizard/validazione_ai.h"
+#include "gs1/catalogo_ai.h"
+#include "gs1/validazione_ai.h"
 
 namespace krt {
 

@@ -31,7 +31,7 @@
 #include "mainwindow/configurazione.h"
 #include "mainwindow/frmprincipale.h"
 #include "support/stringhe.h"
-#include "wizard/catalogo_ai.h"
+#include "gs1/catalogo_ai.h"
 #include "wizard/frmean128wizard.h"
 
 namespace {
