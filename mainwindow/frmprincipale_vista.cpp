@@ -78,12 +78,16 @@ double frmPrincipale::LarghezzaSimboloMm() const {
 }
 
 void frmPrincipale::AggiornaAvvisi() {
-    // The warnings about the content belong to the preview drawn: not shown while it is out of date.
-    QStringList righe = motivoSuperata().isEmpty() ? avvisiContenuto_ : QStringList();
+    // The warnings about the content and its width belong to the preview drawn: while it is
+    // out of date they are not shown, and its width is greyed like the preview.
+    const bool superata = !motivoSuperata().isEmpty();
+    QStringList righe = superata ? QStringList() : avvisiContenuto_;
     const double mm = LarghezzaSimboloMm();
-    const bool largo = mm > LarghezzaColonnaMm;
+    const bool largo = mm > LarghezzaColonnaMm && !superata;
     labLarghezza->setText(mm > 0 ? CaricaStringa(IdLarghezzaMm).arg(mm, 0, 'f', 1) : QString());
-    labLarghezza->setStyleSheet(largo ? QStringLiteral("color: #b00000; font-weight: bold;") : QString());
+    labLarghezza->setStyleSheet(superata ? QStringLiteral("color: #aaaaaa;")
+                                : largo  ? QStringLiteral("color: #b00000; font-weight: bold;")
+                                         : QString());
     if (largo) righe << CaricaStringa(IdTroppoLargo).arg(LarghezzaColonnaMm, 0, 'f', 0);
     if (avvisoDimensione_) righe << CaricaStringa(IdDimensioneMassima).arg(DimensioneMassima);
     labAvvisi->setText(righe.join(QLatin1Char('\n')));

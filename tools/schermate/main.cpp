@@ -161,6 +161,7 @@ int main(int argc, char* argv[]) {
         const QDir font(QString::fromLocal8Bit(argv[3]));
         for (const QString& nome : font.entryList({QStringLiteral("*.ttf")}, QDir::Files))
             QFontDatabase::addApplicationFont(font.filePath(nome));
+        QDir().mkpath(QString::fromLocal8Bit(argv[2]));
         return Guida(QDir(QString::fromLocal8Bit(argv[2])));
     }
     if (argc < 2) {
