@@ -75,7 +75,8 @@ std::optional<CifraInPiu> CheckDigitInPiu(std::string_view codice, std::string_v
     const bool x = codice == "ISBN" && ultimo == 'X';
     if (!SoloCifre(corpo) || !(x || SoloCifre(contenuto.substr(intera - 1)))) return std::nullopt;
     CifraInPiu esito{intera, intera - 1, std::nullopt};
-    if (const std::optional<char> atteso = CheckDi(codice, corpo); atteso && *atteso != ultimo) esito.checkErrato = atteso;
+    if (const std::optional<char> atteso = CheckDi(codice, corpo); atteso && *atteso != ultimo)
+        esito.checkErrato = atteso;
     return esito;
 }
 
@@ -86,16 +87,20 @@ bool PrefissoISBNErrato(std::string_view contenuto) {
 
 std::optional<char> CheckDigitChiaveGS1(std::string_view ai, std::string_view valore) {
     std::size_t lunghezza = 0;
-    if (ai == "00") lunghezza = 18;
-    else if (ai == "01" || ai == "02") lunghezza = 14;
-    else if (ai.size() == 3 && ai >= "410" && ai <= "415") lunghezza = 13;
+    if (ai == "00")
+        lunghezza = 18;
+    else if (ai == "01" || ai == "02")
+        lunghezza = 14;
+    else if (ai.size() == 3 && ai >= "410" && ai <= "415")
+        lunghezza = 13;
     if (lunghezza == 0 || valore.size() != lunghezza || !SoloCifre(valore)) return std::nullopt;
     return CheckSbagliato("GS1", valore);
 }
 
 bool DataGS1Impossibile(std::string_view ai, std::string_view valore) {
     if (ai.size() != 2 || ai < "11" || ai > "17" || valore.size() != 6 || !SoloCifre(valore)) return false;
-    const int anno = Numero(valore.substr(0, 2)), mese = Numero(valore.substr(2, 2)), giorno = Numero(valore.substr(4, 2));
+    const int anno = Numero(valore.substr(0, 2)), mese = Numero(valore.substr(2, 2)),
+              giorno = Numero(valore.substr(4, 2));
     if (mese < 1 || mese > 12) return true;
     constexpr std::array<int, 12> giorni{31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
     // Two-digit years: a multiple of 4 is a leap year in the century GS1 places them in.
@@ -105,8 +110,8 @@ bool DataGS1Impossibile(std::string_view ai, std::string_view valore) {
 
 std::string HRCLeggibile(std::string_view hrc, bool codice128) {
     static constexpr std::array<std::string_view, 32> nomi{
-        "NUL", "SOH", "STX", "ETX", "EOT", "ENQ", "ACK", "BEL", "BS",  "HT",  "LF",  "VT",  "FF",  "CR",  "SO",  "SI",
-        "DLE", "DC1", "DC2", "DC3", "DC4", "NAK", "SYN", "ETB", "CAN", "EM",  "SUB", "ESC", "FS",  "GS",  "RS",  "US"};
+        "NUL", "SOH", "STX", "ETX", "EOT", "ENQ", "ACK", "BEL", "BS",  "HT", "LF",  "VT",  "FF", "CR", "SO", "SI",
+        "DLE", "DC1", "DC2", "DC3", "DC4", "NAK", "SYN", "ETB", "CAN", "EM", "SUB", "ESC", "FS", "GS", "RS", "US"};
     static constexpr std::array<std::string_view, 5> funzioni{"NUL", "FNC1", "FNC2", "FNC3", "FNC4"};
     std::string leggibile;
     std::size_t posizione = 1;  // 1-based, as the escape reader counts

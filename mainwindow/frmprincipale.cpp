@@ -138,8 +138,8 @@ void frmPrincipale::Avvia() {
     // Without any barcode font the window still works, but the user must know why the
     // preview shows letters: once, in the language chosen.
     if (lstFont->count() == 0)
-        servizi_.messaggio(QMessageBox::Information, CaricaStringa(IdStringa::TitoloAvviso), CaricaStringa(IdNessunFont),
-                           QString());
+        servizi_.messaggio(QMessageBox::Information, CaricaStringa(IdStringa::TitoloAvviso),
+                           CaricaStringa(IdNessunFont), QString());
 }
 
 void frmPrincipale::ApplicaConfigurazione() {
@@ -260,7 +260,8 @@ void frmPrincipale::txtDimensione_KeyPress(int& KeyAscii) {
     if (KeyAscii >= '0' && KeyAscii <= '9') {
         // A digit that would take the size past what word processors accept is refused.
         QString dopo = txtDimensione->text();
-        const int inizio = txtDimensione->hasSelectedText() ? txtDimensione->selectionStart() : txtDimensione->cursorPosition();
+        const int inizio =
+            txtDimensione->hasSelectedText() ? txtDimensione->selectionStart() : txtDimensione->cursorPosition();
         dopo.remove(inizio, txtDimensione->selectedText().size());
         dopo.insert(inizio, QChar(KeyAscii));
         if (ValoreNumerico(dopo) <= DimensioneMassima) return;
@@ -332,7 +333,8 @@ void frmPrincipale::cmbStile_Click() {
         const VoceCatalogo* voce = VoceSelezionata();
         const std::vector<int> stili = StiliOfferti(RigaAttributiPerVoce(voce ? voce->id : 0));
         const int indice = cmbStile->currentIndex();
-        if (indice >= 0 && indice < static_cast<int>(stili.size())) stileScelto_ = stili[static_cast<std::size_t>(indice)];
+        if (indice >= 0 && indice < static_cast<int>(stili.size()))
+            stileScelto_ = stili[static_cast<std::size_t>(indice)];
     }
     Salva();
     VerificaEGenera();

@@ -109,10 +109,11 @@ bool frmPrincipale::GeneraAnteprima(bool SoloVerifica) {
                 if (!SoloVerifica) {
                     // Control characters of an escaped content show as placeholders.
                     const std::string_view codice = voce->codice;
-                    const bool escape = codice == "C128" || codice == "E128" || codice == "C39FULL" || codice == "C93FULL";
-                    ScriviAnteprima(generazione.glifi, generazione.famiglia,
-                                    escape ? HRCLeggibile(generazione.hrc, codice == "C128" || codice == "E128")
-                                           : generazione.hrc);
+                    const bool escape =
+                        codice == "C128" || codice == "E128" || codice == "C39FULL" || codice == "C93FULL";
+                    ScriviAnteprima(
+                        generazione.glifi, generazione.famiglia,
+                        escape ? HRCLeggibile(generazione.hrc, codice == "C128" || codice == "E128") : generazione.hrc);
                     glifiDisegnati_ = generazione.glifi;
                     contenutoDisegnato_ = testo;
                     dimensioneDisegnata_ = ValoreDimensione();
@@ -155,7 +156,8 @@ QString frmPrincipale::MotivoRifiuto(const VoceCatalogo& voce, const std::string
             QString motivo = CaricaStringa(isbn ? IdCifreInPiuISBN : IdCifreInPiu)
                                  .arg(static_cast<qulonglong>(inPiu->digitate))
                                  .arg(static_cast<qulonglong>(inPiu->daDigitare));
-            if (inPiu->checkErrato) motivo += QLatin1Char(' ') + CaricaStringa(IdCheckDovrebbe).arg(QChar::fromLatin1(*inPiu->checkErrato));
+            if (inPiu->checkErrato)
+                motivo += QLatin1Char(' ') + CaricaStringa(IdCheckDovrebbe).arg(QChar::fromLatin1(*inPiu->checkErrato));
             return motivo;
         }
     }
@@ -175,7 +177,8 @@ QStringList frmPrincipale::AvvisiContenuto(const VoceCatalogo& voce, const Gener
         const std::string_view testo = principale;
         const std::string_view ai = testo.substr(0, 2);
         const std::size_t lunghezza = ai == "00" ? 18 : (ai == "01" || ai == "02") ? 14 : 0;
-        if (lunghezza != 0 && testo.size() >= 2 + lunghezza) check = CheckDigitChiaveGS1(ai, testo.substr(2, lunghezza));
+        if (lunghezza != 0 && testo.size() >= 2 + lunghezza)
+            check = CheckDigitChiaveGS1(ai, testo.substr(2, lunghezza));
     }
     if (check) avvisi << CaricaStringa(IdCheckDovrebbe).arg(QChar::fromLatin1(*check));
     if (voce.codice == "ISBN13" && PrefissoISBNErrato(principale)) avvisi << CaricaStringa(IdPrefissoISBN);

@@ -217,8 +217,10 @@ void frmEan128Wizard::cmdUp_Click() {
     // Accepted as the wizard's rules say; a key or a date that cannot be right is pointed out.
     QStringList avvisi;
     if (const auto check = CheckDigitChiaveGS1(ai, esito.valore))
-        avvisi << QStringLiteral("(%1) ").arg(DaWindows1252(ai)) + CaricaStringa(IdCheckDovrebbe).arg(QChar::fromLatin1(*check));
-    if (DataGS1Impossibile(ai, esito.valore)) avvisi << QStringLiteral("(%1) ").arg(DaWindows1252(ai)) + CaricaStringa(IdDataImpossibile);
+        avvisi << QStringLiteral("(%1) ").arg(DaWindows1252(ai)) +
+                      CaricaStringa(IdCheckDovrebbe).arg(QChar::fromLatin1(*check));
+    if (DataGS1Impossibile(ai, esito.valore))
+        avvisi << QStringLiteral("(%1) ").arg(DaWindows1252(ai)) + CaricaStringa(IdDataImpossibile);
     labAvviso->setText(avvisi.join(QLatin1Char('\n')));
 }
 

@@ -72,12 +72,18 @@ TEST(Avvisi, ChiaviEDateGS1) {
         std::optional<char> check;
         bool dataImpossibile;
     } casi[] = {
-        {"00", "376104250021234569", std::nullopt, false}, {"00", "376104250021234560", '9', false},
-        {"01", "09501234567890", '1', false},              {"02", "15400141288763", std::nullopt, false},
-        {"414", "5412345000010", '3', false},              {"10", "5412345000010", std::nullopt, false},
-        {"11", "241301", std::nullopt, true},              {"17", "240299", std::nullopt, true},
-        {"15", "240229", std::nullopt, false},             {"15", "230229", std::nullopt, true},
-        {"13", "241200", std::nullopt, false},             {"17", "2412", std::nullopt, false},
+        {"00", "376104250021234569", std::nullopt, false},
+        {"00", "376104250021234560", '9', false},
+        {"01", "09501234567890", '1', false},
+        {"02", "15400141288763", std::nullopt, false},
+        {"414", "5412345000010", '3', false},
+        {"10", "5412345000010", std::nullopt, false},
+        {"11", "241301", std::nullopt, true},
+        {"17", "240299", std::nullopt, true},
+        {"15", "240229", std::nullopt, false},
+        {"15", "230229", std::nullopt, true},
+        {"13", "241200", std::nullopt, false},
+        {"17", "2412", std::nullopt, false},
         {"20", "241301", std::nullopt, false},
     };
     for (const auto& c : casi) {

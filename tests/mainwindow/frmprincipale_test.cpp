@@ -226,7 +226,8 @@ TEST_F(Finestra, InvioRiempieLAnteprima) {
         {"Code 93", "Narrow", true, true, "A_B", "C93", "A_B", true, "ORB93 Narrow", "A B"},
         {"Codabar/Monarch", "Short", false, true, "A123B", "CBAR", "A123B", false, "ORBCODABAR Short", "a123b"},
         {"Code 128", "Normal", false, true, "Hello", "C128", "Hello", false, "ORB128", "Hello"},
-        {"Code 128", "Normal", false, true, "AB\\t12\\x0412", "C128", "AB\\t12\\x0412", false, "ORB128", "AB<HT>12<EOT>12"},
+        {"Code 128", "Normal", false, true, "AB\\t12\\x0412", "C128", "AB\\t12\\x0412", false, "ORB128",
+         "AB<HT>12<EOT>12"},
         {"EAN 13", "Normal", true, true, "590123412345", "EAN13", "590123412345", true, "ORBEAN", nullptr},
         {"MSI", "Normal", false, true, "1234", "CMSI", "1234", false, "ORBMSI", "1234"},
     };

@@ -113,7 +113,8 @@ QImage Wizard() {
     QTest::qWaitForWindowExposed(&wizard);
     auto* lista = wizard.findChild<QListWidget*>(QStringLiteral("lstAI"));
     auto* valore = wizard.findChild<QLineEdit*>(QStringLiteral("txtValore"));
-    for (const auto& [ai, testo] : {std::pair{"01", "09501101530003"}, std::pair{"10", "ABC"}, std::pair{"310", "12.5"}}) {
+    for (const auto& [ai, testo] :
+         {std::pair{"01", "09501101530003"}, std::pair{"10", "ABC"}, std::pair{"310", "12.5"}}) {
         lista->setCurrentRow(static_cast<int>(*CercaAI(ai)));
         valore->setText(QString::fromLatin1(testo));
         wizard.findChild<QPushButton*>(QStringLiteral("cmdUp"))->click();
@@ -127,7 +128,9 @@ QImage Wizard() {
 int Guida(const QDir& uscita) {
     for (const bool italiano : {false, true}) {
         const QString lingua = italiano ? QStringLiteral("it") : QStringLiteral("en");
-        const auto file = [&](const char* nome) { return uscita.filePath(lingua + QLatin1Char('-') + QLatin1String(nome)); };
+        const auto file = [&](const char* nome) {
+            return uscita.filePath(lingua + QLatin1Char('-') + QLatin1String(nome));
+        };
         Sessione s(italiano);
         s.Voce(400);  // Code 39
         s.Spunta("chkDigit", true);
@@ -178,7 +181,9 @@ int main(int argc, char* argv[]) {
     const bool conFont = argc > 2;
     for (const bool italiano : {false, true}) {
         const QString lingua = italiano ? QStringLiteral("it") : QStringLiteral("en");
-        const auto file = [&](const char* nome) { return uscita.filePath(lingua + QLatin1Char('-') + QLatin1String(nome)); };
+        const auto file = [&](const char* nome) {
+            return uscita.filePath(lingua + QLatin1Char('-') + QLatin1String(nome));
+        };
         Sessione s(italiano);
         if (!conFont) {
             s.Voce(400);
