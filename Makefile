@@ -64,12 +64,19 @@ bench:
 	./$(BUILD)/bench/bench_engine
 	@if [ -x bench/batch.sh ]; then bench/batch.sh $(BUILD); fi
 
+# Every libFuzzer target for FUZZ_SECONDS each, one after the other; each keeps its
+# corpus in $(BUILD_FUZZ)/corpus/<target> and starts from the seeds in fuzz/corpus/<target>.
+FUZZ_TARGETS := engine cli_righe cli_opzioni gs1 record
 fuzz:
 	$(MAKE) --no-print-directory deps EXTRA_PACKAGES="$(FUZZ_PACKAGES)"
 	CXX=clang++ cmake -S . -B $(BUILD_FUZZ) -DCMAKE_BUILD_TYPE=RelWithDebInfo -DKRT_FUZZ=ON -DKRT_WITH_GUI=OFF -DKRT_WITH_BENCH=OFF
-	cmake --build $(BUILD_FUZZ) -j $(JOBS) --target fuzz_engine
-	mkdir -p $(BUILD_FUZZ)/corpus
-	./$(BUILD_FUZZ)/fuzz/fuzz_engine -max_total_time=$(FUZZ_SECONDS) -timeout=5 $(BUILD_FUZZ)/corpus fuzz/corpus
+	cmake --build $(BUILD_FUZZ) -j $(JOBS) --target fuzz_all
+	for t in $(FUZZ_TARGETS); do \
+	  mkdir -p $(BUILD_FUZZ)/corpus/$$t fuzz/corpus/$$t; \
+	  echo "== fuzz_$$t ($(FUZZ_SECONDS) s)"; \
+	  ./$(BUILD_FUZZ)/fuzz/fuzz_$$t -max_total_time=$(FUZZ_SECONDS) -timeout=5 -rss_limit_mb=1024 \
+	    $(BUILD_FUZZ)/corpus/$$t fuzz/corpus/$$t; \
+	done
 
 install: build
 	cmake --install $(BUILD) --prefix $(PREFIX)

@@ -28,11 +28,12 @@ void AccodaNumero(std::string& uscita, unsigned n) {
     while (k > 0) uscita += cifre[--k];
 }
 
-// Glyphs in text form: UTF-8, a two-line result written as two lines.
+// Glyphs in text form: UTF-8 on one line. The line break of a two-line result (CR LF)
+// becomes a TAB, which no glyph string holds otherwise.
 void AccodaGlifiTesto(std::string& uscita, std::string_view glifi) {
     for (std::size_t a_capo; (a_capo = glifi.find("\r\n")) != std::string_view::npos;) {
         AccodaCp1252InUtf8(uscita, glifi.substr(0, a_capo));
-        uscita += '\n';
+        uscita += '\t';
         glifi.remove_prefix(a_capo + 2);
     }
     AccodaCp1252InUtf8(uscita, glifi);

@@ -18,14 +18,33 @@
 
 namespace krt {
 
+FunzioneLettura LetturaDescrittore(int descrittore) {
+    return [descrittore](char* dati, std::size_t n) -> std::ptrdiff_t {
+        for (;;) {
+            const auto letti = KRT_READ(descrittore, dati, static_cast<unsigned>(std::min<std::size_t>(n, 1 << 30)));
+            if (letti < 0 && errno == EINTR) continue;
+            return letti;
+        }
+    };
+}
+
+FunzioneScrittura ScritturaDescrittore(int descrittore) {
+    return [descrittore](const char* dati, std::size_t n) -> std::ptrdiff_t {
+        for (;;) {
+            const auto scritti = KRT_WRITE(descrittore, dati, static_cast<unsigned>(std::min<std::size_t>(n, 1 << 30)));
+            if (scritti < 0 && errno == EINTR) continue;
+            return scritti;
+        }
+    };
+}
+
 void Scrittore::Scarica() {
     std::size_t scritti = 0;
-    while (!errore_ && scritti < buffer_.size()) {
-        const auto n = KRT_WRITE(descrittore_, buffer_.data() + scritti,
-                                 static_cast<unsigned>(buffer_.size() - scritti));
-        if (n < 0 && errno == EINTR) continue;
+    while (errore_ == 0 && scritti < buffer_.size()) {
+        errno = 0;
+        const std::ptrdiff_t n = scrivi_(buffer_.data() + scritti, buffer_.size() - scritti);
         if (n <= 0) {
-            errore_ = true;
+            errore_ = n < 0 && errno != 0 ? errno : EIO;
             break;
         }
         scritti += static_cast<std::size_t>(n);
@@ -33,23 +52,24 @@ void Scrittore::Scarica() {
     buffer_.clear();
 }
 
-LettoreRighe::LettoreRighe(int descrittore, std::size_t lunghezzaMassima, std::function<void()> primaDiLeggere)
-    : descrittore_(descrittore), lunghezzaMassima_(lunghezzaMassima), primaDiLeggere_(std::move(primaDiLeggere)),
+LettoreRighe::LettoreRighe(FunzioneLettura leggi, std::size_t lunghezzaMassima, std::function<bool()> primaDiLeggere)
+    : leggi_(std::move(leggi)), lunghezzaMassima_(lunghezzaMassima), primaDiLeggere_(std::move(primaDiLeggere)),
       buffer_(1 << 16) {}
 
 bool LettoreRighe::Riempi() {
-    if (primaDiLeggere_) primaDiLeggere_();
     inizio_ = fine_ = 0;
-    while (!finito_) {
-        const auto n = KRT_READ(descrittore_, buffer_.data(), static_cast<unsigned>(buffer_.size()));
-        if (n < 0 && errno == EINTR) continue;
-        if (n <= 0) {
-            finito_ = true;
-            break;
-        }
-        fine_ = static_cast<std::size_t>(n);
+    if (finito_ || (primaDiLeggere_ && !primaDiLeggere_())) {
+        finito_ = true;
+        return false;
+    }
+    errno = 0;
+    const std::ptrdiff_t n = leggi_(buffer_.data(), buffer_.size());
+    if (n > 0) {
+        fine_ = std::min(static_cast<std::size_t>(n), buffer_.size());
         return true;
     }
+    finito_ = true;
+    if (n < 0) errore_ = errno != 0 ? errno : EIO;
     return false;
 }
 
@@ -99,6 +119,7 @@ bool LettoreRighe::Prossima(std::string_view& riga, bool& troppoLunga) {
         }
         if (!Riempi()) break;
     }
+    if (errore_ != 0) return false;
     riga = Chiudi(spezzata_, troppoLunga);
     return true;
 }

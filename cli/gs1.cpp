@@ -19,8 +19,26 @@ std::string Motivo(const EsitoRigheAI& esito) {
     return "message " + std::to_string(esito.idMessaggio) + ": " + esito.errore;
 }
 
+// A NUL byte (only a command line can carry one) would be escaped as "\0", which the
+// escape reader takes together with the two characters after it as one octal escape:
+// the symbol would silently hold other data.
+std::string ValoreConNul(const EsitoRigheAI& esito) {
+    for (std::size_t n = 0; n < esito.righe.size(); ++n)
+        if (esito.righe[n].valore.find('\0') != std::string::npos)
+            return "the value of element string " + std::to_string(n + 1) +
+                   " holds a NUL character, which no element string can carry";
+    return {};
+}
+
 // Composes the checked lines and encodes the content as the EAN 128 entry.
 RisultatoRiga Codifica(const Simbologia& simbologia, const OpzioniCli& opzioni, const EsitoRigheAI& esito) {
+    if (const std::string nul = ValoreConNul(esito); esito.errore.empty() && !nul.empty()) {
+        RisultatoRiga r;
+        r.codice = simbologia.codice;
+        r.errore = nul;
+        r.rifiuto = Rifiuto::Di(MotivoRifiuto::Struttura);
+        return r;
+    }
     if (esito.errore.empty()) {
         const auto codice = ComponiCodiceAI(esito.righe);
         // The escaped content is ASCII whatever the input encoding. The readable text is

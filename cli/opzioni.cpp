@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "barcodes/catalogo.h"
+
 namespace krt {
 
 namespace {
@@ -10,7 +12,19 @@ namespace {
 std::string Check(OpzioniCli& o, std::string_view) { o.check = true; return {}; }
 std::string Hrc(OpzioniCli& o, std::string_view) { o.hrc = true; return {}; }
 std::string CheckInHRC(OpzioniCli& o, std::string_view) { o.checkInHRC = true; return {}; }
-std::string Stile(OpzioniCli& o, std::string_view v) { o.stile = v; return {}; }
+// The styles in English; each has an Italian name too. The 39 family has every face.
+constexpr std::string_view NomiStili[] = {"Normal", "Narrow", "Wide", "Short", "Narrow short", "Wide short"};
+
+std::string Stile(OpzioniCli& o, std::string_view v) {
+    if (ScegliFontFamiglia("ORB39", v).empty()) {
+        std::string errore = "--style takes ";
+        for (const auto nome : NomiStili) errore += std::string(nome) + ", ";
+        errore.resize(errore.size() - 2);
+        return errore + " or the Italian name, not \"" + std::string(v) + "\"";
+    }
+    o.stile = v;
+    return {};
+}
 std::string Aiuto(OpzioniCli& o, std::string_view) { o.aiuto = true; return {}; }
 std::string Versione(OpzioniCli& o, std::string_view) { o.versione = true; return {}; }
 std::string Elenco(OpzioniCli& o, std::string_view) { o.elenco = true; return {}; }
@@ -40,7 +54,8 @@ constexpr DefinizioneOpzione Opzioni[] = {
     {'\0', "style", "STYLE", "font style for the family: Normal (default), Narrow, Wide, Short,\n"
                              "                             Narrow short, Wide short, or the Italian name",
      Stile},
-    {'\0', "output", "FORMAT", "text (default): glyphs as UTF-8, one line per input line;\n"
+    {'\0', "output", "FORMAT", "text (default): glyphs as UTF-8, one line per input line\n"
+                               "                             (a two-line result has a TAB for its line break);\n"
                                "                             codes: glyph bytes as decimal numbers;\n"
                                "                             json: one object per line",
      Uscita},
@@ -153,7 +168,9 @@ std::string TestoAiuto() {
          "{\"kind\": empty|length|character|structure|range|escape|overflow, \"position\": N}\n"
          "with the 1-based position of a refused character; \"message\": the GS1 message id).\n"
          "\n"
-         "Exit status: 0 every content encoded, 1 some content refused, 2 usage error.\n";
+         "Exit status: 0 every content encoded, 1 some content refused, 2 usage error,\n"
+         "3 standard input could not be read or an output could not be written (krt-encode\n"
+         "stops at the first such fault).\n";
     return t;
 }
 

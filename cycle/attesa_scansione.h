@@ -43,6 +43,7 @@ enum class EsitoScansione {
     NonLetto,
     NonLetto93,         // Code 93 without check characters: readers refuse it
     NessunLettore,
+    FontMancante,       // the barcode family is not installed: nothing to read
 };
 
 EsitoScansione ValutaScansione(const AttesaScansione& attesa, const LetturaScansione& lettura);

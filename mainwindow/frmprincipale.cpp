@@ -1,41 +1,32 @@
 #include "mainwindow/frmprincipale.h"
 
 #include <cmath>
-#include <numbers>
+#include <algorithm>
 #include <exception>
+#include <vector>
 
-#include <QActionGroup>
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
 #include <QFile>
-#include <QFocusEvent>
 #include <QFontDialog>
-#include <QGridLayout>
-#include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QListWidget>
-#include <QMenuBar>
-#include <QPainter>
-#include <QPainterPath>
 #include <QPushButton>
 #include <QSignalBlocker>
-#include <QTextBlock>
-#include <QTextCursor>
 #include <QTextEdit>
 #include <QTimer>
 #include <QToolButton>
-#include <QVBoxLayout>
 
 #include "barcodes/errori.h"
-#include "cycle/motivi.h"
-#include "cycle/voce.h"
+#include "cycle/avvisi.h"
 #include "mainwindow/anteprima.h"
 #include "mainwindow/attributi.h"
 #include "mainwindow/configurazione.h"
+#include "mainwindow/frmprincipale_comune.h"
 #include "mainwindow/informazioni.h"
 #include "mainwindow/rtf.h"
 #include "mainwindow/scansione.h"
@@ -47,103 +38,9 @@
 
 namespace krt {
 
+using namespace finestra;
+
 namespace {
-
-constexpr char kMarcatoreItaliano[] = "ITALIANO.LNG";
-constexpr char kGuidaInglese[] = "KRTGuide.pdf";
-constexpr char kGuidaItaliana[] = "KRTGuide_ita.pdf";
-
-// String ids of the window.
-constexpr int IdTitoloErrore = 92;
-constexpr int IdValoreNonAmmesso = 93;
-constexpr int IdEan128 = 425;
-constexpr int IdPrimaVoce = 400;
-constexpr int NumeroVoci = 36;
-constexpr int DimensionePredefinita = 100;
-
-// 10080 x 8685 twips at 15 twips a pixel.
-constexpr int LarghezzaMinima = 672;
-constexpr int AltezzaMinima = 579;
-
-// VB-style key code of a key event: 13 Enter, 8 backspace, the Windows-1252
-// code of a typed character; -1 for keys that type nothing (arrows, Tab,
-// Delete, shortcuts with Ctrl), which never reach a key-press handler.
-int CodiceTasto(const QKeyEvent* evento) {
-    switch (evento->key()) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter: return 13;
-    case Qt::Key_Backspace: return 8;
-    case Qt::Key_Escape: return 27;
-    case Qt::Key_Tab:
-    case Qt::Key_Backtab:
-    case Qt::Key_Delete: return -1;
-    default: break;
-    }
-    if (evento->modifiers() & (Qt::ControlModifier | Qt::MetaModifier)) return -1;
-    const QString testo = evento->text();
-    if (testo.size() != 1) return -1;
-    const std::string byte = AWindows1252Sostituendo(testo);
-    return static_cast<unsigned char>(byte[0]);
-}
-
-// Numeric value of a text as the size box reads it: the leading digits, 0 for none.
-double ValoreNumerico(const QString& testo) {
-    double valore = 0;
-    for (QChar c : testo.trimmed()) {
-        if (!c.isDigit() || c.unicode() > '9') break;
-        valore = valore * 10 + (c.unicode() - '0');
-    }
-    return valore;
-}
-
-std::int16_t Booleano16(bool valore) { return valore ? kVero : kFalso; }
-
-// The wizard button's picture: a wand with a spark, drawn so that it stays
-// sharp at any scale.
-QIcon IconaWizard() {
-    QIcon icona;
-    for (int lato : {16, 24, 32, 48, 64}) {
-        QPixmap immagine(lato, lato);
-        immagine.fill(Qt::transparent);
-        QPainter p(&immagine);
-        p.setRenderHint(QPainter::Antialiasing);
-        const double u = lato / 32.0;
-        p.setPen(QPen(QColor(60, 60, 60), 4 * u, Qt::SolidLine, Qt::RoundCap));
-        p.drawLine(QPointF(6 * u, 26 * u), QPointF(19 * u, 13 * u));
-        p.setPen(QPen(QColor(255, 255, 255), 4 * u, Qt::SolidLine, Qt::FlatCap));
-        p.drawLine(QPointF(17 * u, 15 * u), QPointF(19 * u, 13 * u));
-        QPainterPath stella;
-        const QPointF centro(23 * u, 9 * u);
-        for (int k = 0; k < 8; ++k) {
-            const double raggio = (k % 2 == 0 ? 8.0 : 3.0) * u;
-            const double angolo = k * std::numbers::pi / 4;
-            const QPointF punto = centro + QPointF(raggio * std::sin(angolo), -raggio * std::cos(angolo));
-            if (k == 0)
-                stella.moveTo(punto);
-            else
-                stella.lineTo(punto);
-        }
-        stella.closeSubpath();
-        p.setPen(QPen(QColor(150, 100, 0), u));
-        p.setBrush(QColor(255, 200, 40));
-        p.drawPath(stella);
-        p.end();
-        icona.addPixmap(immagine);
-    }
-    return icona;
-}
-
-// 1-based position (in characters) of the first character Windows-1252 cannot hold.
-std::size_t PrimoNon1252(const QString& testo) {
-    std::size_t posizione = 0;
-    for (qsizetype i = 0; i < testo.size(); ++i) {
-        if (testo.at(i).isLowSurrogate()) continue;
-        ++posizione;
-        const qsizetype n = testo.at(i).isHighSurrogate() && i + 1 < testo.size() ? 2 : 1;
-        if (!AWindows1252(QStringView(testo).mid(i, n))) return posizione;
-    }
-    return posizione;
-}
 
 void MessaggioModale(QWidget* genitore, QMessageBox::Icon icona, const QString& titolo, const QString& testo,
                      const QString& dettaglio) {
@@ -185,170 +82,6 @@ frmPrincipale::frmPrincipale(ServiziFinestra servizi, QWidget* parent)
 
 frmPrincipale::~frmPrincipale() { ImpostaAvvisoCartellaDati({}); }
 
-// ---- Controls ---------------------------------------------------------------------------
-
-void frmPrincipale::CreaControlli() {
-    auto* centrale = new QWidget(this);
-    centrale->setObjectName(QStringLiteral("centrale"));
-    setCentralWidget(centrale);
-
-    auto nomina = [](QWidget* w, const char* nome) { w->setObjectName(QLatin1String(nome)); };
-
-    labCodice = new QLabel(centrale);
-    nomina(labCodice, "labCodice");
-    txtCodice = new QLineEdit(centrale);
-    nomina(txtCodice, "txtCodice");
-    imgWizard = new QToolButton(centrale);
-    nomina(imgWizard, "imgWizard");
-    imgWizard->setIcon(IconaWizard());
-    imgWizard->setIconSize(QSize(24, 24));
-    imgWizard->setAutoRaise(true);
-    imgWizard->setFocusPolicy(Qt::StrongFocus);
-    imgWizard->setVisible(false);
-    labAttributi = new QLabel(centrale);
-    nomina(labAttributi, "labAttributi");
-    labAttributi->setTextInteractionFlags(Qt::TextSelectableByMouse);
-
-    labSimbologia = new QLabel(centrale);
-    nomina(labSimbologia, "labSimbologia");
-    cmbSimbologia = new QComboBox(centrale);
-    nomina(cmbSimbologia, "cmbSimbologia");
-    cmbSimbologia->setMaxVisibleItems(NumeroVoci);
-    cmbSimbologia->setSizeAdjustPolicy(QComboBox::AdjustToContents);
-    labStile = new QLabel(centrale);
-    nomina(labStile, "labStile");
-    cmbStile = new QComboBox(centrale);
-    nomina(cmbStile, "cmbStile");
-    cmbStile->setSizeAdjustPolicy(QComboBox::AdjustToContents);
-    labDimensione = new QLabel(centrale);
-    nomina(labDimensione, "labDimensione");
-    txtDimensione = new QLineEdit(QString::number(DimensionePredefinita), centrale);
-    nomina(txtDimensione, "txtDimensione");
-    txtDimensione->setMaxLength(5);
-    txtDimensione->setAlignment(Qt::AlignRight);
-    txtDimensione->setFixedWidth(txtDimensione->fontMetrics().horizontalAdvance(QStringLiteral("0000000")) + 12);
-
-    chkDigit = new QCheckBox(centrale);
-    nomina(chkDigit, "chkDigit");
-    chkHRC = new QCheckBox(centrale);
-    nomina(chkHRC, "chkHRC");
-    labFont = new QLabel(centrale);
-    nomina(labFont, "labFont");
-    cmdClipboard = new QPushButton(centrale);
-    nomina(cmdClipboard, "cmdClipboard");
-    cmdClipboard->setAutoDefault(false);
-
-    Line1 = new QFrame(centrale);
-    nomina(Line1, "Line1");
-    Line1->setFrameShape(QFrame::HLine);
-    Line1->setFrameShadow(QFrame::Sunken);
-
-    labAvvisoFont = new QLabel(centrale);
-    nomina(labAvvisoFont, "labAvvisoFont");
-    labAvvisoFont->setStyleSheet(QStringLiteral("color: #a04000;"));
-    labAvvisoFont->setMinimumHeight(labAvvisoFont->fontMetrics().height());
-
-    rtfContenuto = new QTextEdit(centrale);
-    nomina(rtfContenuto, "rtfContenuto");
-    rtfContenuto->setReadOnly(true);
-    rtfContenuto->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    rtfContenuto->setLineWrapMode(QTextEdit::NoWrap);
-    rtfContenuto->setTabChangesFocus(true);
-    rtfContenuto->setUndoRedoEnabled(false);
-
-    scansione_ = new ControlloScansione(centrale);
-
-    lstFont = new QListWidget(centrale);
-    nomina(lstFont, "lstFont");
-    lstFont->setVisible(false);
-
-    labCodice->setBuddy(txtCodice);
-    labSimbologia->setBuddy(cmbSimbologia);
-    labStile->setBuddy(cmbStile);
-    labDimensione->setBuddy(txtDimensione);
-
-    // Content on top with its hint; symbology, style and size in one row;
-    // options and the clipboard button; then the preview, which takes the rest.
-    auto* griglia = new QGridLayout;
-    griglia->setHorizontalSpacing(8);
-    griglia->addWidget(labCodice, 0, 0);
-    auto* rigaCodice = new QHBoxLayout;
-    rigaCodice->addWidget(txtCodice, 1);
-    rigaCodice->addWidget(imgWizard);
-    griglia->addLayout(rigaCodice, 0, 1);
-    griglia->addWidget(labAttributi, 1, 1);
-    griglia->addWidget(labSimbologia, 2, 0);
-    auto* rigaScelte = new QHBoxLayout;
-    rigaScelte->addWidget(cmbSimbologia, 3);
-    rigaScelte->addSpacing(12);
-    rigaScelte->addWidget(labStile);
-    rigaScelte->addWidget(cmbStile, 2);
-    rigaScelte->addSpacing(12);
-    rigaScelte->addWidget(labDimensione);
-    rigaScelte->addWidget(txtDimensione);
-    griglia->addLayout(rigaScelte, 2, 1);
-    auto* rigaOpzioni = new QHBoxLayout;
-    rigaOpzioni->addWidget(chkDigit);
-    rigaOpzioni->addSpacing(12);
-    rigaOpzioni->addWidget(chkHRC);
-    rigaOpzioni->addSpacing(12);
-    rigaOpzioni->addWidget(labFont, 1);
-    rigaOpzioni->addWidget(cmdClipboard);
-    griglia->addLayout(rigaOpzioni, 3, 1);
-    griglia->setColumnStretch(1, 1);
-
-    auto* verticale = new QVBoxLayout(centrale);
-    verticale->addLayout(griglia);
-    verticale->addWidget(Line1);
-    verticale->addWidget(labAvvisoFont);
-    verticale->addWidget(rtfContenuto, 1);
-    verticale->addWidget(scansione_->etichetta());
-
-    setTabOrder(txtCodice, imgWizard);
-    setTabOrder(imgWizard, cmbSimbologia);
-    setTabOrder(cmbSimbologia, cmbStile);
-    setTabOrder(cmbStile, txtDimensione);
-    setTabOrder(txtDimensione, chkDigit);
-    setTabOrder(chkDigit, chkHRC);
-    setTabOrder(chkHRC, cmdClipboard);
-    setTabOrder(cmdClipboard, rtfContenuto);
-
-    setMinimumSize(LarghezzaMinima, AltezzaMinima);
-    resize(LarghezzaMinima, AltezzaMinima);
-    setWindowTitle(QStringLiteral("KRT"));
-}
-
-void frmPrincipale::CreaMenu() {
-    auto menu = [this](const char* nome) {
-        QMenu* m = menuBar()->addMenu(QString());
-        m->setObjectName(QLatin1String(nome));
-        return m;
-    };
-    auto voce = [this](QMenu* m, const char* nome) {
-        auto* a = new QAction(this);
-        a->setObjectName(QLatin1String(nome));
-        m->addAction(a);
-        return a;
-    };
-    mnuFile = menu("mnuFile");
-    mnuEsci = voce(mnuFile, "mnuEsci");
-    mnuModifica = menu("mnuModifica");
-    mnuFont = voce(mnuModifica, "mnuFont");
-    mnuIncludiCheckDigit = voce(mnuModifica, "mnuIncludiCheckDigit");
-    mnuIncludiCheckDigit->setCheckable(true);
-    mnuLingua = menu("mnuLingua");
-    mnuLinguaItaliano = voce(mnuLingua, "mnuLinguaItaliano");
-    mnuLinguaEnglish = voce(mnuLingua, "mnuLinguaEnglish");
-    gruppoLingua = new QActionGroup(this);
-    for (QAction* a : {mnuLinguaItaliano, mnuLinguaEnglish}) {
-        a->setCheckable(true);
-        gruppoLingua->addAction(a);
-    }
-    mnuQmark = menu("mnuQmark");
-    mnuManuale = voce(mnuQmark, "mnuManuale");
-    mnuInformazioni = voce(mnuQmark, "mnuInformazioni");
-}
-
 // Every handler is reached from here. A fault that escapes a handler (the string
 // table, the file system) is shown as an error instead of reaching the event loop.
 void frmPrincipale::CollegaEventi() {
@@ -362,6 +95,8 @@ void frmPrincipale::CollegaEventi() {
         };
     };
     txtCodice->installEventFilter(this);
+    rtfContenuto->installEventFilter(this);
+    connect(txtCodice, &QLineEdit::textChanged, this, protetto(&frmPrincipale::AggiornaStato));
     txtDimensione->installEventFilter(this);
     connect(txtDimensione, &QLineEdit::textChanged, this, protetto(&frmPrincipale::txtDimensione_Change));
     connect(chkDigit, &QCheckBox::toggled, this, protetto(&frmPrincipale::chkDigit_Click));
@@ -377,41 +112,6 @@ void frmPrincipale::CollegaEventi() {
     connect(mnuManuale, &QAction::triggered, this, protetto(&frmPrincipale::mnuManuale_Click));
     connect(mnuInformazioni, &QAction::triggered, this, protetto(&frmPrincipale::mnuInformazioni_Click));
     connect(mnuEsci, &QAction::triggered, this, protetto(&frmPrincipale::mnuEsci_Click));
-}
-
-bool frmPrincipale::eventFilter(QObject* oggetto, QEvent* evento) {
-    try {
-        if (oggetto == txtCodice) {
-            if (evento->type() == QEvent::KeyPress) {
-                int tasto = CodiceTasto(static_cast<QKeyEvent*>(evento));
-                if (tasto == 13) {
-                    txtCodice_KeyPress(tasto);
-                    return tasto == 0;
-                }
-            } else if (evento->type() == QEvent::FocusIn) {
-                txtCodice_GotFocus();
-            }
-        } else if (oggetto == txtDimensione) {
-            if (evento->type() == QEvent::KeyPress) {
-                int tasto = CodiceTasto(static_cast<QKeyEvent*>(evento));
-                if (tasto >= 0) {
-                    txtDimensione_KeyPress(tasto);
-                    if (tasto == 0) return true;
-                }
-            } else if (evento->type() == QEvent::FocusIn) {
-                txtDimensione_GotFocus();
-            } else if (evento->type() == QEvent::FocusOut) {
-                // Only a move to another control of the window counts; opening a
-                // menu or switching to another program does not.
-                const auto motivo = static_cast<QFocusEvent*>(evento)->reason();
-                if (motivo != Qt::PopupFocusReason && motivo != Qt::ActiveWindowFocusReason) txtDimensione_LostFocus();
-            }
-        }
-    } catch (const std::exception& e) {
-        MostraErrore(DettaglioImprevisto(e));
-        return true;
-    }
-    return QMainWindow::eventFilter(oggetto, evento);
 }
 
 // ---- Start-up ---------------------------------------------------------------------------
@@ -435,9 +135,20 @@ void frmPrincipale::Avvia() {
         MostraErrore(DettaglioImprevisto(e));
     }
     splash.close();
+    // Without any barcode font the window still works, but the user must know why the
+    // preview shows letters: once, in the language chosen.
+    if (lstFont->count() == 0)
+        servizi_.messaggio(QMessageBox::Information, CaricaStringa(IdStringa::TitoloAvviso),
+                           CaricaStringa(IdNessunFont), QString());
 }
 
 void frmPrincipale::ApplicaConfigurazione() {
+    // What is read is shown, not written back: only a change by the user saves.
+    salvataggioSospeso_ = true;
+    struct Fine {
+        bool& flag;
+        ~Fine() { flag = false; }
+    } fine{salvataggioSospeso_};
     // Setting a control runs its handler, which stores what the control shows:
     // the texts to select are read before any of that.
     const QString simbologia = DaWindows1252(configurazione_.Simbologia.Rifilato());
@@ -455,60 +166,11 @@ void frmPrincipale::ApplicaConfigurazione() {
     if (indiceStile >= 0) cmbStile->setCurrentIndex(indiceStile);
 }
 
-// ---- Language -----------------------------------------------------------------------------
-
-void frmPrincipale::ImpostaLingua() {
-    const bool italiano = IsFile(UnisciPercorsoNome(CartellaDati(), QLatin1String(kMarcatoreItaliano)));
-    mnuLinguaItaliano->setChecked(italiano);
-    mnuLinguaEnglish->setChecked(!italiano);
-    ImpostaOffsetLingua(italiano ? kOffsetItaliano : kOffsetInglese);
-    nomeGuida_ = QLatin1String(italiano ? kGuidaItaliana : kGuidaInglese);
-}
-
-void frmPrincipale::CaricaTesti() {
-    labCodice->setText(CaricaStringa(268));
-    txtCodice->setToolTip(CaricaStringa(269));
-    labSimbologia->setText(CaricaStringa(262));
-    cmbSimbologia->setToolTip(CaricaStringa(263));
-    labDimensione->setText(CaricaStringa(260));
-    txtDimensione->setToolTip(CaricaStringa(261));
-    labStile->setText(CaricaStringa(284));
-    cmbStile->setToolTip(CaricaStringa(285));
-    chkDigit->setText(CaricaStringa(266));
-    chkDigit->setToolTip(CaricaStringa(267));
-    chkHRC->setText(CaricaStringa(264));
-    chkHRC->setToolTip(CaricaStringa(265));
-    cmdClipboard->setText(CaricaStringa(270));
-    cmdClipboard->setToolTip(CaricaStringa(271));
-    mnuFile->setTitle(CaricaStringa(272));
-    mnuEsci->setText(CaricaStringa(273));
-    mnuModifica->setTitle(CaricaStringa(274));
-    mnuFont->setText(CaricaStringa(275));
-    mnuQmark->setTitle(CaricaStringa(276));
-    mnuInformazioni->setText(CaricaStringa(277));
-    mnuManuale->setText(CaricaStringa(286));
-    mnuLingua->setTitle(CaricaStringa(289));
-    mnuLinguaItaliano->setText(CaricaStringa(290));
-    mnuLinguaEnglish->setText(CaricaStringa(291));
-    mnuIncludiCheckDigit->setText(CaricaStringa(292));
-    imgWizard->setToolTip(CaricaStringa(IdStringa::SuggerimentoWizard));
-    imgWizard->setAccessibleName(CaricaStringa(IdStringa::SuggerimentoWizard));
-
-    inCaricamento_ = true;
-    cmbSimbologia->clear();
-    for (int i = 0; i < NumeroVoci; ++i) cmbSimbologia->addItem(CaricaStringa(IdPrimaVoce + i));
-    cmbSimbologia->setCurrentIndex(-1);
-    inCaricamento_ = false;
-    // The list has no selection now, so no entry offers the wizard.
-    imgWizard->setVisible(false);
-
-    if (avvisoId_ != 0) labAvvisoFont->setText(CaricaStringa(avvisoId_).arg(avvisoArgomento_));
-    scansione_->AggiornaTesti();
-}
-
 // ---- Options ----------------------------------------------------------------------------
 
-void frmPrincipale::Salva() { SalvaConfigurazione(configurazione_); }
+void frmPrincipale::Salva() {
+    if (!salvataggioSospeso_) SalvaConfigurazione(configurazione_);
+}
 
 const VoceCatalogo* frmPrincipale::VoceSelezionata() const {
     const auto testo = AWindows1252(cmbSimbologia->currentText());
@@ -526,22 +188,23 @@ void frmPrincipale::AggiornaAttributi() {
         ~Fine() { flag = false; }
     } fine{inAggiornaAttributi_};
 
-    const int ricordato = cmbStile->currentIndex();
     const VoceCatalogo* voce = VoceSelezionata();
     const RigaAttributi& riga = RigaAttributiPerVoce(voce ? voce->id : 0);
+    const std::vector<int> stili = StiliOfferti(riga);
 
     {
         const QSignalBlocker blocco(cmbStile);
         cmbStile->clear();
-        for (int id : StiliOfferti(riga)) cmbStile->addItem(CaricaStringa(id));
+        for (int id : stili) cmbStile->addItem(CaricaStringa(id));
         cmbStile->setCurrentIndex(-1);
     }
     cmbStile->setEnabled(riga.stileAttivo);
+    MarcaStili(voce);
     // The style first, so that the option boxes below already run their cycles
-    // with a style selected.
-    // A list that had no selection (the first entry chosen after start-up or a
-    // language switch) starts from the first style too.
-    cmbStile->setCurrentIndex(ricordato > cmbStile->count() - 1 || ricordato < 0 ? 0 : ricordato);
+    // with a style selected. The style the user chose is kept by name where the new
+    // list has it; otherwise Normal, the first of every list.
+    const auto scelto = std::find(stili.begin(), stili.end(), stileScelto_);
+    cmbStile->setCurrentIndex(scelto == stili.end() ? 0 : static_cast<int>(scelto - stili.begin()));
 
     switch (riga.regola) {
     case RegolaOpzioni::Libera:
@@ -580,138 +243,6 @@ void frmPrincipale::DescriviFontHRC() {
     labFont->setText(descrizione);
 }
 
-// ---- The generate cycle -----------------------------------------------------------------
-
-void frmPrincipale::VerificaEGenera() {
-    if (GeneraAnteprima(true)) {
-        int tasto = 13;
-        txtCodice_KeyPress(tasto);
-    }
-}
-
-QString frmPrincipale::Dettaglio(int id, const QString& argomento) {
-    try {
-        const QString testo = CaricaStringa(id);
-        return argomento.isNull() ? testo : testo.arg(argomento);
-    } catch (const std::exception&) {
-        return argomento;
-    }
-}
-
-QString frmPrincipale::DettaglioImprevisto(const std::exception& errore) {
-    return Dettaglio(IdStringa::DettaglioImprevisto, QString::fromLocal8Bit(errore.what()));
-}
-
-void frmPrincipale::MostraErrore(const QString& dettaglio) {
-    QString titolo = QStringLiteral("Error");
-    QString testo = QStringLiteral("The value introduced is not allowed");
-    try {
-        titolo = CaricaStringa(IdTitoloErrore);
-        testo = CaricaStringa(IdValoreNonAmmesso);
-    } catch (const std::exception&) {
-    }
-    servizi_.messaggio(QMessageBox::Critical, titolo, testo, dettaglio);
-}
-
-bool frmPrincipale::GeneraAnteprima(bool SoloVerifica) {
-    const QString testo = txtCodice->text();
-    if (testo.isEmpty()) return false;
-    const VoceCatalogo* voce = VoceSelezionata();
-    if (voce == nullptr) return true;
-
-    // A character that Windows-1252 cannot hold is refused like any other
-    // character the symbology does not know.
-    const auto contenuto = AWindows1252(testo);
-    const std::string stile = AWindows1252Sostituendo(cmbStile->currentText());
-    OpzioniVoce opzioni;
-    opzioni.checkDigit = chkDigit->isChecked();
-    opzioni.hrc = chkHRC->isChecked();
-    opzioni.checkDigitInHRC = configurazione_.CheckDigitInHRC != 0;
-    opzioni.stile = stile;
-    opzioni.testoHRC = testoHRC_;
-
-    // The check also encodes: a content that validates but makes the engine
-    // fail (a bad escape, a check sum overflow) is refused here too, so that an
-    // option change stays silent and only Enter reports it.
-    // A refusal says why in the box's additional text.
-    QString dettaglio;
-    try {
-        if (contenuto) {
-            const GenerazioneVoce generazione = GeneraVoce(*voce, *contenuto, opzioni);
-            if (generazione.accettato) {
-                if (!SoloVerifica) {
-                    ScriviAnteprima(generazione.glifi, generazione.famiglia, generazione.hrc);
-                    scansione_->Richiedi(*voce, generazione, *rtfContenuto->document());
-                }
-                return true;
-            }
-            dettaglio = QString::fromStdString(TestoRifiuto(generazione.rifiuto, voce->codice, OffsetLingua()));
-        } else {
-            const Rifiuto rifiuto = Rifiuto::InCarattere(PrimoNon1252(testo), 0);
-            dettaglio = QString::fromStdString(TestoRifiuto(rifiuto, voce->codice, OffsetLingua()));
-        }
-    } catch (const EscapeNonValido&) {
-        dettaglio = Dettaglio(IdStringa::DettaglioEscape);
-    } catch (const OverflowCheckSum&) {
-        dettaglio = Dettaglio(IdStringa::DettaglioCheckSum);
-    } catch (const IntervalloNonValido&) {
-        dettaglio = Dettaglio(IdStringa::DettaglioIntervallo);
-    } catch (const std::exception& e) {
-        dettaglio = DettaglioImprevisto(e);
-    }
-    if (!SoloVerifica) MostraErrore(dettaglio);
-    return false;
-}
-
-void frmPrincipale::ScriviAnteprima(const std::string& Glifi, const std::string& FontFamiglia,
-                                    const std::string& TestoHRC) {
-    QTextDocument* documento = rtfContenuto->document();
-    documento->clear();
-    QTextCursor cursore(documento);
-
-    QTextCharFormat barre;
-    QFont fontBarre = documento->defaultFont();
-    if (!FontFamiglia.empty()) {
-        const QString famiglia = DaWindows1252(FontFamiglia);
-        barre.setFontFamilies(QStringList{famiglia});
-        fontBarre.setFamilies(QStringList{famiglia});
-    }
-    const double punti = ValoreDimensione();
-    if (punti > 0) barre.setFontPointSize(punti);
-    cursore.setBlockCharFormat(barre);
-    cursore.insertText(LeggiGlifi(Glifi, fontBarre), barre);
-
-    if (chkHRC->isChecked() && !TestoHRC.empty()) {
-        const Configurazione& c = configurazione_;
-        QTextCharFormat hrc;
-        hrc.setFontFamilies(QStringList{DaWindows1252(c.NomeFontHRC.Rifilato())});
-        hrc.setFontWeight(c.GrassettoHRC ? QFont::Bold : QFont::Normal);
-        hrc.setFontItalic(c.CorsivoHRC != 0);
-        if (c.DimensioneHRC > 0) hrc.setFontPointSize(c.DimensioneHRC);
-        hrc.setFontUnderline(c.SottolineatoHRC != 0);
-        hrc.setFontStrikeOut(c.BarratoHRC != 0);
-        cursore.insertBlock(QTextBlockFormat(), hrc);
-        cursore.insertText(DaWindows1252(TestoHRC), hrc);
-    }
-    AvvisaFont(FontFamiglia);
-}
-
-// One line above the preview when the bars cannot be drawn as they should:
-// the family is not installed, or the style has no face in it.
-void frmPrincipale::AvvisaFont(const std::string& famiglia) {
-    if (famiglia.empty()) {
-        avvisoId_ = IdStringa::StileSenzaFont;
-        avvisoArgomento_ = cmbStile->currentText();
-    } else if (lstFont->findItems(DaWindows1252(famiglia), Qt::MatchExactly | Qt::MatchCaseSensitive).isEmpty()) {
-        avvisoId_ = IdStringa::FontNonInstallato;
-        avvisoArgomento_ = DaWindows1252(famiglia);
-    } else {
-        avvisoId_ = 0;
-        avvisoArgomento_.clear();
-    }
-    labAvvisoFont->setText(avvisoId_ != 0 ? CaricaStringa(avvisoId_).arg(avvisoArgomento_) : QString());
-}
-
 // ---- Handlers ---------------------------------------------------------------------------
 
 void frmPrincipale::txtCodice_KeyPress(int& KeyAscii) {
@@ -726,7 +257,20 @@ void frmPrincipale::txtCodice_GotFocus() { QTimer::singleShot(0, txtCodice, &QLi
 void frmPrincipale::txtDimensione_GotFocus() { QTimer::singleShot(0, txtDimensione, &QLineEdit::selectAll); }
 
 void frmPrincipale::txtDimensione_KeyPress(int& KeyAscii) {
-    if ((KeyAscii >= '0' && KeyAscii <= '9') || KeyAscii == 8) return;
+    if (KeyAscii >= '0' && KeyAscii <= '9') {
+        // A digit that would take the size past what word processors accept is refused.
+        QString dopo = txtDimensione->text();
+        const int inizio =
+            txtDimensione->hasSelectedText() ? txtDimensione->selectionStart() : txtDimensione->cursorPosition();
+        dopo.remove(inizio, txtDimensione->selectedText().size());
+        dopo.insert(inizio, QChar(KeyAscii));
+        if (ValoreNumerico(dopo) <= DimensioneMassima) return;
+        KeyAscii = 0;
+        avvisoDimensione_ = true;
+        AggiornaAvvisi();
+        return;
+    }
+    if (KeyAscii == 8) return;
     if (KeyAscii == 13) {
         VerificaEGenera();
         txtDimensione->selectAll();
@@ -741,10 +285,16 @@ void frmPrincipale::txtDimensione_Change() {
         txtDimensione->setText(QString::number(DimensionePredefinita));  // stores it through this handler
         return;
     }
+    if (valore > DimensioneMassima) {
+        avvisoDimensione_ = true;
+        txtDimensione->setText(QString::number(DimensioneMassima));  // stores it through this handler
+        return;
+    }
     const long arrotondato = std::lround(valore);
-    if (arrotondato > INT16_MAX) return;
     configurazione_.Dimensione = static_cast<std::int16_t>(arrotondato);
     Salva();
+    AggiornaStato();
+    avvisoDimensione_ = false;  // said once, until the limit is met again
 }
 
 void frmPrincipale::txtDimensione_LostFocus() { VerificaEGenera(); }
@@ -779,6 +329,13 @@ void frmPrincipale::cmbSimbologia_Click() {
 void frmPrincipale::cmbStile_Click() {
     if (inCaricamento_) return;
     configurazione_.Stile.Imposta(AWindows1252Sostituendo(cmbStile->currentText()));
+    if (!inAggiornaAttributi_) {
+        const VoceCatalogo* voce = VoceSelezionata();
+        const std::vector<int> stili = StiliOfferti(RigaAttributiPerVoce(voce ? voce->id : 0));
+        const int indice = cmbStile->currentIndex();
+        if (indice >= 0 && indice < static_cast<int>(stili.size()))
+            stileScelto_ = stili[static_cast<std::size_t>(indice)];
+    }
     Salva();
     VerificaEGenera();
 }
@@ -793,10 +350,23 @@ void frmPrincipale::mnuIncludiCheckDigit_Click() {
 }
 
 void frmPrincipale::cmdClipboard_Click() {
-    const std::string rtf = ComponiRtf(SegmentiDocumento(*rtfContenuto->document()));
+    // The user's clipboard is replaced only by a symbol that matches the settings.
+    const QString titolo = CaricaStringa(IdStringa::TitoloAvviso);
+    if (documento_->isEmpty()) {
+        servizi_.messaggio(QMessageBox::Information, titolo, CaricaStringa(IdAppuntiVuoti), QString());
+        return;
+    }
+    if (const QString motivo = motivoSuperata(); !motivo.isEmpty()) {
+        servizi_.messaggio(QMessageBox::Warning, titolo, CaricaStringa(IdAppuntiSuperati), motivo);
+        return;
+    }
+    const std::string rtf = ComponiRtf(SegmentiDocumento(*documento_));
+    QMimeData* dati = DatiAppuntiRtf(rtf);
+    // The glyph string as plain text too, for spreadsheets and label programs.
+    dati->setText(DaWindows1252(glifiDisegnati_).replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
     QClipboard* appunti = QGuiApplication::clipboard();
     appunti->clear();
-    appunti->setMimeData(DatiAppuntiRtf(rtf));
+    appunti->setMimeData(dati);
 }
 
 void frmPrincipale::imgWizard_Click() {
@@ -829,35 +399,6 @@ void frmPrincipale::mnuFont_Click() {
     Salva();
     // The HRC line of the preview follows the new font at once.
     VerificaEGenera();
-}
-
-void frmPrincipale::mnuLinguaItaliano_Click() {
-    const QString marcatore = UnisciPercorsoNome(CartellaDati(), QLatin1String(kMarcatoreItaliano));
-    if (!IsFile(marcatore)) {
-        QFile file(marcatore);
-        if (file.open(QIODevice::WriteOnly)) file.close();
-        ImpostaLingua();
-        CaricaTesti();
-        AggiornaAttributi();
-        Salva();
-    }
-    ImpostaLingua();
-}
-
-void frmPrincipale::mnuLinguaEnglish_Click() {
-    const QString marcatore = UnisciPercorsoNome(CartellaDati(), QLatin1String(kMarcatoreItaliano));
-    if (IsFile(marcatore)) {
-        CancellaFile(marcatore);
-        ImpostaLingua();
-        CaricaTesti();
-        AggiornaAttributi();
-        Salva();
-    }
-    ImpostaLingua();
-}
-
-void frmPrincipale::mnuManuale_Click() {
-    servizi_.apriDocumento(UnisciPercorsoNome(CartellaDati(), nomeGuida_));
 }
 
 void frmPrincipale::mnuInformazioni_Click() {

@@ -11,6 +11,7 @@
 #include <QMessageBox>
 
 #include "cycle/configurazione_record.h"
+#include "cycle/voce.h"
 
 class QAction;
 class QActionGroup;
@@ -22,12 +23,12 @@ class QLineEdit;
 class QListWidget;
 class QMenu;
 class QPushButton;
+class QTextDocument;
 class QTextEdit;
 class QToolButton;
 
 namespace krt {
 
-struct VoceCatalogo;
 class ControlloScansione;
 
 // What the window asks of the desktop. Each one left empty gets the real
@@ -73,6 +74,12 @@ public:
 
     const Configurazione& configurazione() const { return configurazione_; }
 
+    // The preview as generated, at the chosen size: what Clipboard copies and the scan
+    // check reads. The preview box shows a copy zoomed to fit.
+    const QTextDocument& DocumentoAnteprima() const { return *documento_; }
+    // True while the preview on screen does not match the settings (it is dimmed).
+    bool AnteprimaSuperata() const { return !motivoSuperata().isEmpty(); }
+
 protected:
     bool eventFilter(QObject* oggetto, QEvent* evento) override;
 
@@ -82,6 +89,7 @@ private:
     void CollegaEventi();
 
     void ImpostaLingua();
+    void CambiaLingua();
     void CaricaTesti();
     void ApplicaConfigurazione();
     void AggiornaAttributi();
@@ -90,6 +98,14 @@ private:
     void VerificaEGenera();
     void Salva();
     void AvvisaFont(const std::string& famiglia);
+    void MarcaStili(const VoceCatalogo* voce);
+    QString MotivoRifiuto(const VoceCatalogo& voce, const std::string& contenuto, bool check, const Rifiuto& rifiuto);
+    QStringList AvvisiContenuto(const VoceCatalogo& voce, const GenerazioneVoce& generazione);
+    QString motivoSuperata() const;
+    void AggiornaStato();
+    void AggiornaAvvisi();
+    void AggiornaVista();
+    double LarghezzaSimboloMm() const;
     void MostraErrore(const QString& dettaglio);
     QString Dettaglio(int id, const QString& argomento = QString());
     QString DettaglioImprevisto(const std::exception& errore);
@@ -123,6 +139,19 @@ private:
     QString nomeGuida_;
     bool inCaricamento_ = false;
     bool inAggiornaAttributi_ = false;
+    bool inAggiornaVista_ = false;
+    bool salvataggioSospeso_ = false;  // options applied at start-up are not written back
+    int stileScelto_ = 0;              // string id of the style the user chose, 0 none
+    QTextDocument* documento_ = nullptr;  // the preview at its real size
+    // What the preview on screen was generated from, and why it no longer matches.
+    QString contenutoDisegnato_;
+    double dimensioneDisegnata_ = 0;
+    QString motivoRifiuto_;      // the last cycle refused the settings: why
+    QStringList avvisiContenuto_;  // warnings about the drawn content
+    bool avvisoDimensione_ = false;
+    QString famigliaBarre_;      // family and lines of the bars drawn, for their width
+    QStringList righeBarre_;
+    std::string glifiDisegnati_;
     int avvisoId_ = 0;            // string id of the font notice above the preview, 0 none
     QString avvisoArgomento_;     // its %1
 
@@ -136,12 +165,15 @@ private:
     QComboBox* cmbStile;
     QLabel* labDimensione;
     QLineEdit* txtDimensione;
+    QLabel* labLarghezza;  // printed width of the symbol at the size
     QCheckBox* chkDigit;
     QCheckBox* chkHRC;
     QLabel* labFont;
     QPushButton* cmdClipboard;
     QFrame* Line1;
     QLabel* labAvvisoFont;
+    QLabel* labSuperata;   // why the preview does not match the settings
+    QLabel* labAvvisi;     // the status line: warnings about the content and the size
     QTextEdit* rtfContenuto;
     ControlloScansione* scansione_ = nullptr;  // the line "labScansione" under the preview
     QListWidget* lstFont;

@@ -29,6 +29,19 @@ void AggiungiByte(std::string& rtf, unsigned char c) {
     }
 }
 
+// Appends one byte of a font name: inside the font table a ';' ends the name and a
+// control word would be read as part of the entry, so everything but letters, digits,
+// blanks and plain punctuation goes as \'xx.
+void AggiungiByteNomeFont(std::string& rtf, unsigned char c) {
+    if (c == ';' || c == '\\' || c == '{' || c == '}' || c < 32 || c > 126) {
+        char esadecimale[8];
+        std::snprintf(esadecimale, sizeof esadecimale, "\\'%02x", c);
+        rtf += esadecimale;
+    } else {
+        rtf += static_cast<char>(c);
+    }
+}
+
 std::size_t IndiceFont(std::vector<VoceFont>& tabella, const SegmentoRtf& s) {
     for (std::size_t i = 0; i < tabella.size(); ++i)
         if (tabella[i].famiglia == s.famiglia && tabella[i].simbolo == s.simbolo) return i;
@@ -60,7 +73,7 @@ std::string ComponiRtf(const std::vector<SegmentoRtf>& segmenti) {
     std::string rtf = "{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl";
     for (std::size_t i = 0; i < tabella.size(); ++i) {
         rtf += "{\\f" + std::to_string(i) + "\\fnil\\fcharset" + (tabella[i].simbolo ? "2 " : "0 ");
-        for (unsigned char c : tabella[i].famiglia) AggiungiByte(rtf, c);
+        for (unsigned char c : tabella[i].famiglia) AggiungiByteNomeFont(rtf, c);
         rtf += ";}";
     }
     rtf += "}\r\n\\pard ";

@@ -20,6 +20,7 @@
 #include "barcodes/controllo.h"
 #include "support/cp1252.h"
 #include "support/stringhe.h"
+#include "support/varie.h"
 
 namespace krt {
 
@@ -31,6 +32,7 @@ constexpr int IdNonLetto = 299;
 constexpr int IdNessunLettore = 975;
 constexpr int IdLettoDiverso = 976;   // %1 format, %2 data read, %3 data expected
 constexpr int IdNonLetto93 = 977;
+constexpr int IdFontMancante = 514;
 
 struct FormatoZXing {
     FormatoLettore formato;
@@ -117,6 +119,7 @@ QString TestoScansione(EsitoScansione esito, const AttesaScansione& attesa, cons
         case EsitoScansione::NonLetto: return CaricaStringa(IdNonLetto);
         case EsitoScansione::NonLetto93: return CaricaStringa(IdNonLetto93);
         case EsitoScansione::NessunLettore: break;
+        case EsitoScansione::FontMancante: return CaricaStringa(IdFontMancante);
     }
     return CaricaStringa(IdNessunLettore);
 }
@@ -182,6 +185,11 @@ ScansioneCompleta Scansiona(const VoceCatalogo& voce, const GenerazioneVoce& gen
                             const QTextDocument& documento) {
     ScansioneCompleta s;
     s.attesa = AttesaPerVoce(voce, generazione);
+    if (s.attesa.formato != FormatoLettore::Nessuno &&
+        !FamiglieBarcodeInstallate().contains(DaWindows1252(generazione.famiglia))) {
+        s.esito = EsitoScansione::FontMancante;  // a fallback font would be read as a bad symbol
+        return s;
+    }
     if (s.attesa.formato != FormatoLettore::Nessuno) {
         const QImage immagine = ImmagineBarre(documento, DaWindows1252(generazione.famiglia));
         s.lettura = LeggiImmagine(immagine.constBits(), immagine.width(), immagine.height(),

@@ -51,6 +51,7 @@ inline constexpr std::uint32_t kSubDirSistema = kBase + 45350;       // 0x8004B1
 }  // namespace ErroriAppEx
 
 // Special-folder ids and the create flag that Path adds to the id.
+inline constexpr int kCartellaDatiLocali = 0x1C;  // the user's own application data
 inline constexpr int kCartellaDatiComuni = 35;
 inline constexpr int kFlagCreaCartella = 0x8000;
 

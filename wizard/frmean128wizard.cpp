@@ -13,6 +13,7 @@
 #include <QStyle>
 #include <QVBoxLayout>
 
+#include "cycle/avvisi.h"
 #include "support/cp1252.h"
 #include "support/stringhe.h"
 #include "gs1/catalogo_ai.h"
@@ -33,6 +34,8 @@ constexpr int IdEtichettaValore = 684;
 constexpr int IdSuggerimentoValore = 685;
 constexpr int IdSuggerimentoInserisci = 686;
 constexpr int IdSuggerimentoRimuovi = 687;
+constexpr int IdCheckDovrebbe = 508;     // %1 = digit
+constexpr int IdDataImpossibile = 519;
 
 // The box's own "no limit".
 constexpr int SenzaLimite = 32767;
@@ -49,6 +52,7 @@ frmEan128Wizard::frmEan128Wizard(QWidget* parent)
       lstCodice(new QListWidget(this)),
       labCodice(new QLabel(this)),
       labAI(new QLabel(this)),
+      labAvviso(new QLabel(this)),
       cmdUp(new QPushButton(this)),
       cmdDown(new QPushButton(this)),
       cmdOk(new QPushButton(this)),
@@ -59,11 +63,12 @@ frmEan128Wizard::frmEan128Wizard(QWidget* parent)
     labDescrizione->setObjectName("labDescrizione");
     lstCodice->setObjectName("lstCodice");
     labAI->setObjectName("labAI");
+    labAvviso->setObjectName("labAvviso");
     cmdUp->setObjectName("cmdUp");
     cmdDown->setObjectName("cmdDown");
     cmdOk->setObjectName("cmdOk");
     cmdAnnulla->setObjectName("cmdAnnulla");
-    setWindowTitle(" Wizard EAN 128");
+    setWindowTitle("Wizard EAN 128");
 
     // Enter belongs to the value box (insert), never to a default button.
     for (auto* pulsante : {cmdUp, cmdDown, cmdOk, cmdAnnulla}) {
@@ -81,6 +86,10 @@ frmEan128Wizard::frmEan128Wizard(QWidget* parent)
     lstAI->setMinimumWidth(480);
     lstAI->setMinimumHeight(300);
     txtValore->setEnabled(false);
+    // About 20 characters at any scale.
+    txtValore->setMinimumWidth(txtValore->fontMetrics().horizontalAdvance(QLatin1Char('0')) * 20 + 12);
+    labAvviso->setStyleSheet(QStringLiteral("color: #a04000;"));
+    labAvviso->setWordWrap(true);
     txtValore->installEventFilter(this);
 
     // Left: the catalogue. Right: the code above, the value below it; Up moves the
@@ -102,6 +111,7 @@ frmEan128Wizard::frmEan128Wizard(QWidget* parent)
     destra->addWidget(labValore);
     destra->addLayout(rigaValore);
     destra->addWidget(labDescrizione);
+    destra->addWidget(labAvviso);
 
     auto* pulsanti = new QHBoxLayout;
     pulsanti->addStretch(1);
@@ -184,7 +194,10 @@ void frmEan128Wizard::lstAI_Click() {
 
 void frmEan128Wizard::lstCodice_Click() {
     const int riga = RigaSelezionata(lstCodice);
-    if (riga < 0 || riga >= static_cast<int>(righe_.size())) return;
+    if (riga < 0 || riga >= static_cast<int>(righe_.size())) {
+        labAI->clear();
+        return;
+    }
     labAI->setText("AI: " + DaWindows1252(CatalogoAI[righe_[riga].indice].ai));
 }
 
@@ -198,8 +211,17 @@ void frmEan128Wizard::cmdUp_Click() {
     }
     if (indice < 0) return;  // nothing to insert a value for
     righe_.push_back({static_cast<std::size_t>(indice), esito.valore});
-    lstCodice->addItem(DaWindows1252(esito.valore));
+    const std::string_view ai = CatalogoAI[indice].ai;
+    lstCodice->addItem(QStringLiteral("(%1) %2").arg(DaWindows1252(ai), DaWindows1252(esito.valore)));
     txtValore->clear();
+    // Accepted as the wizard's rules say; a key or a date that cannot be right is pointed out.
+    QStringList avvisi;
+    if (const auto check = CheckDigitChiaveGS1(ai, esito.valore))
+        avvisi << QStringLiteral("(%1) ").arg(DaWindows1252(ai)) +
+                      CaricaStringa(IdCheckDovrebbe).arg(QChar::fromLatin1(*check));
+    if (DataGS1Impossibile(ai, esito.valore))
+        avvisi << QStringLiteral("(%1) ").arg(DaWindows1252(ai)) + CaricaStringa(IdDataImpossibile);
+    labAvviso->setText(avvisi.join(QLatin1Char('\n')));
 }
 
 void frmEan128Wizard::cmdDown_Click() {
@@ -217,6 +239,8 @@ void frmEan128Wizard::cmdDown_Click() {
         lstCodice->clearSelection();
         lstCodice->setCurrentRow(0);
     }
+    labAvviso->clear();
+    lstCodice_Click();  // the AI label follows the selection left
 }
 
 void frmEan128Wizard::cmdOk_Click() {

@@ -52,6 +52,7 @@ private:
     QListWidget* lstCodice;
     QLabel* labCodice;
     QLabel* labAI;
+    QLabel* labAvviso;  // warnings about the value inserted last
     QPushButton* cmdUp;
     QPushButton* cmdDown;
     QPushButton* cmdOk;

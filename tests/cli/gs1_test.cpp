@@ -53,6 +53,8 @@ TEST(KrtEncodeGS1, ComposesLikeTheWizard) {
          {R"("error":"message 93: The value introduced is not allowed")"}},
         {"'EAN 128' --ai '10= '", "", 1, {R"("error":"message 689: The code is empty!")"}},
         {"'EAN 128' --ai 999=1", "", 1, {R"("error":"Unknown AI: 999")"}},
+        // A NUL then digits would be read back as one octal escape (here a line feed).
+        {"'EAN 128' --gs1-input", "(10)A\\n(91)\\000012\\n", 1, {R"("error":"the value of element string 1 holds a NUL)"}},
         {"'EAN 128' --gs1-input", "(10)AB\\n(999)1\\n", 1,
          {R"("content":"10AB")", R"("error":"Unknown AI: 999")"}},
         // Usage errors.

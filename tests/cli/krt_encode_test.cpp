@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -87,12 +88,12 @@ TEST(KrtEncode, Contratto) {
         {{"--output=codes", "C128", "1234"}, "", "138 45 67 115 139\n", 0, ""},
         {{"--output=codes", "E128", "10ABC"}, "", "137 135 50 49 66 67 68 112 139\n", 0, ""},
         {{"C128", "ABC"}, "", "\xE2\x80\xB0" "BCD\"\xE2\x80\xB9\n", 0, ""},  // glyphs 137 and 139 in UTF-8
-        // a two-line result: two lines in text, CR LF kept in codes
-        {{"-c", "C32HRC", "12345678"}, "", "|*EWYUJV#\nA123456788\n", 0, ""},
+        // a two-line result: one line with a TAB in text, CR LF kept in codes
+        {{"-c", "C32HRC", "12345678"}, "", "|*EWYUJV#\tA123456788\n", 0, ""},
         {{"-c", "--output=codes", "C32HRC", "12345678"}, "",
          "124 42 69 87 89 85 74 86 35 13 10 65 49 50 51 52 53 54 55 56 56\n", 0, ""},
         // display names: the main window's rules
-        {{"--hrc", "-c", "Codice 32", "12345678"}, "", "|*EWYUJV#\nA123456788\n", 0, ""},
+        {{"--hrc", "-c", "Codice 32", "12345678"}, "", "|*EWYUJV#\tA123456788\n", 0, ""},
         {{"Code 39", ""}, "", "\n", 1, "The content is empty."},
         // batch: one result per line, in order; refusals leave an empty line and go on
         {{"C39"}, "abc\nx y\n\nab\r\ncd", "#ABC#\n\n\n#AB#\n#CD#\n", 1,
@@ -184,7 +185,26 @@ TEST(KrtEncode, NomeConAddOnEIsbn) {
     // ISBN: the check is on even without -c; the text line stands above the bars.
     const Esecuzione isbn = Esegui({"ISBN-10", "030640615"});
     EXPECT_EQ(isbn.stato, 0);
-    EXPECT_EQ(isbn.uscita.substr(0, 17), "--$%.(%;.)%;&:.'\n");
+    EXPECT_EQ(isbn.uscita.substr(0, 17), "--$%.(%;.)%;&:.'\t");
+    EXPECT_EQ(std::count(isbn.uscita.begin(), isbn.uscita.end(), '\n'), 1);
+}
+
+// Faults of the real streams, run through bash: a full disk, a folder as input, and a
+// closed pipe with SIGPIPE ignored on endless input (before, it never ended).
+TEST(KrtEncode, FlussiGuasti) {
+    const char* const comandi[] = {
+        "$K --list >/dev/full",
+        "$K C39 </tmp",
+        "trap '' PIPE; yes 123 | timeout 10 $K C39 | head -1 >/dev/null; exit ${PIPESTATUS[1]}",
+    };
+    for (const char* c : comandi) {
+        SCOPED_TRACE(c);
+        std::string riga = "K=";
+        riga.append(Quota(KRT_ENCODE)).append(" bash -c ").append(Quota(c)).append(" 2>/dev/null");
+        const int stato = std::system(riga.c_str());
+        EXPECT_TRUE(WIFEXITED(stato));
+        EXPECT_EQ(WEXITSTATUS(stato), 3);
+    }
 }
 
 TEST(KrtEncode, AiutoVersioneElenco) {

@@ -37,6 +37,8 @@ TEST(Opzioni, Lettura) {
          CodificaIngresso::Utf8},
         {{"--input-encoding=latin1", "C39"}, "utf8 or cp1252", "", false, false, "", FormatoUscita::Testo,
          CodificaIngresso::Utf8},
+        {{"--style=Bold", "C39"}, "Narrow short, Wide short or the Italian name, not \"Bold\"", "", false, false, "",
+         FormatoUscita::Testo, CodificaIngresso::Utf8},
         {{"C39", "--style"}, "needs a value", "", false, false, "", FormatoUscita::Testo, CodificaIngresso::Utf8},
         {{"--check=1", "C39"}, "takes no value", "", false, false, "", FormatoUscita::Testo, CodificaIngresso::Utf8},
     };

@@ -9,6 +9,13 @@
 
 #include "support/stringhe.h"
 
+#ifdef Q_OS_UNIX
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+#include <csignal>
+#endif
+
 namespace {
 
 using krt::Configurazione;
@@ -109,6 +116,104 @@ TEST_F(FileConfigurazione, IByteOltreIlRecordRestano) {
     EXPECT_EQ(dopo.left(240), QByteArray(reinterpret_cast<const char*>(record.data()), 240));
 }
 
+#ifdef Q_OS_UNIX
+// What may be found at KRT.CFG instead of the program's own file (a folder: see above).
+// Nothing but a regular file is read; a save replaces a link or a FIFO with a regular
+// file and never writes through a link.
+TEST_F(FileConfigurazione, AlPostoDelFile) {
+    const QString vittima = cartella_.filePath(QStringLiteral("altro.txt"));
+    const QString assente = cartella_.filePath(QStringLiteral("assente"));
+    const std::pair<const char*, std::function<void()>> casi[] = {
+        {"link to another file", [&] { QFile::link(vittima, file_); }},
+        {"link to nothing", [&] { QFile::link(assente, file_); }},
+        {"FIFO", [&] { ASSERT_EQ(mkfifo(QFile::encodeName(file_).constData(), 0600), 0); }},
+    };
+    const QByteArray altro(300, 'V');
+    const auto record = krt::ScriviRecordConfigurazione(Modificata());
+    for (const auto& [nome, prepara] : casi) {
+        SCOPED_TRACE(nome);
+        QFile::remove(file_);
+        ScriviFile(vittima, altro);
+        prepara();
+        Configurazione letta = Modificata();
+        EXPECT_FALSE(krt::CaricaConfigurazione(letta));
+        EXPECT_EQ(letta.Dimensione, 100);
+        EXPECT_TRUE(krt::SalvaConfigurazione(Modificata()));
+        EXPECT_EQ(Leggi(vittima), altro);
+        EXPECT_FALSE(QFileInfo::exists(assente));
+        EXPECT_TRUE(QFileInfo(file_).isFile() && !QFileInfo(file_).isSymLink());
+        EXPECT_EQ(Leggi(file_), QByteArray(reinterpret_cast<const char*>(record.data()), 240));
+    }
+}
+
+// A save that cannot write every byte (a full disk, here a file size limit) leaves the
+// old file as it was, or no file at all, and no temporary file behind.
+TEST_F(FileConfigurazione, SalvataggioInterrotto) {
+    const QByteArray vecchio = QByteArray(240, 'A') + QByteArray(60, 'Z');
+    for (const bool cera : {true, false}) {
+        SCOPED_TRACE(cera ? "over an old file" : "first save");
+        QFile::remove(file_);
+        if (cera) ScriviFile(file_, vecchio);
+        rlimit prima{};
+        ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &prima), 0);
+        rlimit stretto = prima;
+        stretto.rlim_cur = 100;
+        const auto segnale = std::signal(SIGXFSZ, SIG_IGN);
+        ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &stretto), 0);
+        const bool salvato = krt::SalvaConfigurazione(Modificata());
+        setrlimit(RLIMIT_FSIZE, &prima);
+        std::signal(SIGXFSZ, segnale);
+        EXPECT_FALSE(salvato);
+        EXPECT_EQ(QFileInfo::exists(file_), cera);
+        if (cera) {
+            EXPECT_EQ(Leggi(file_), vecchio);
+        }
+        EXPECT_EQ(QDir(cartella_.path()).entryList(QDir::Files).size(), cera ? 1 : 0);
+    }
+}
+#endif
+
+// The options of a folder that all users shared are carried into the user's own folder
+// once: never over a KRT.CFG the user already has, never from anything but a regular file.
+TEST(CartellaDati, OpzioniCondivisePortateUnaVolta) {
+    QTemporaryDir radice;
+    ASSERT_TRUE(radice.isValid());
+    const QString condivisa = radice.filePath(QStringLiteral("comune"));
+    const QString utente = radice.filePath(QStringLiteral("utente"));
+    const QByteArray opzioni = QByteArray(240, 'O') + "coda";
+    struct Caso {
+        const char* nome;
+        QByteArray giaDellUtente;  // "-" none
+        bool link;                 // the shared KRT.CFG is a link to a good file
+        bool portate;
+    } const casi[] = {
+        {"carried with the language marker", "-", false, true},
+        {"the user's own file wins", "mio", false, false},
+        {"a link is not followed", "-", true, false},
+    };
+    for (const auto& c : casi) {
+        SCOPED_TRACE(c.nome);
+        QDir(condivisa).removeRecursively();
+        QDir(utente).removeRecursively();
+        QDir().mkpath(condivisa);
+        QDir().mkpath(utente);
+        if (c.link) {
+            ScriviFile(radice.filePath(QStringLiteral("buono")), opzioni);
+            QFile::link(radice.filePath(QStringLiteral("buono")), condivisa + QStringLiteral("/KRT.CFG"));
+        } else {
+            ScriviFile(condivisa + QStringLiteral("/KRT.CFG"), opzioni);
+        }
+        ScriviFile(condivisa + QStringLiteral("/ITALIANO.LNG"), {});
+        if (c.giaDellUtente != "-") ScriviFile(utente + QStringLiteral("/KRT.CFG"), c.giaDellUtente);
+        EXPECT_EQ(krt::PortaOpzioniCondivise(condivisa, utente), c.portate);
+        EXPECT_EQ(Leggi(utente + QStringLiteral("/KRT.CFG")),
+                  c.portate ? opzioni : (c.giaDellUtente == "-" ? QByteArray() : c.giaDellUtente));
+        EXPECT_EQ(QFileInfo::exists(utente + QStringLiteral("/ITALIANO.LNG")), c.portate);
+        EXPECT_FALSE(krt::PortaOpzioniCondivise(condivisa, utente)) << "only once";
+    }
+    EXPECT_FALSE(krt::PortaOpzioniCondivise(utente, utente + QStringLiteral("/")));
+}
+
 TEST_F(FileConfigurazione, CartellaInutilizzabileAvvisaUnaVolta) {
     const QString fileAlPosto = cartella_.filePath(QStringLiteral("non-una-cartella"));
     ScriviFile(fileAlPosto, "x");
@@ -134,8 +239,9 @@ TEST_F(FileConfigurazione, CartellaInutilizzabileAvvisaUnaVolta) {
 }
 
 TEST_F(FileConfigurazione, UnaCartellaNuovaVieneCreata) {
+    // Blanks around the folder as given go once: it is created and used without them.
     const QString nuova = cartella_.filePath(QStringLiteral("a/b"));
-    krt::ImpostaCartellaDati(nuova);
+    krt::ImpostaCartellaDati(QStringLiteral("  ") + nuova + QStringLiteral(" "));
     EXPECT_TRUE(QFileInfo(nuova).isDir());
     EXPECT_TRUE(krt::SalvaConfigurazione(Modificata()));
     EXPECT_TRUE(krt::IsFile(nuova + QStringLiteral("/KRT.CFG")));
@@ -162,13 +268,13 @@ struct Unione {
     QString cartella, nome, atteso;
 };
 
-TEST(UnisciPercorsoNome, UnSoloSeparatoreESpaziTolti) {
+TEST(UnisciPercorsoNome, UnSoloSeparatore) {
     const QString s = QDir::separator();
     const Unione casi[] = {
         {QStringLiteral("dati"), QStringLiteral("KRT.CFG"), QStringLiteral("dati") + s + QStringLiteral("KRT.CFG")},
         {QStringLiteral("dati") + s, QStringLiteral("KRT.CFG"), QStringLiteral("dati") + s + QStringLiteral("KRT.CFG")},
         {QStringLiteral("dati/"), QStringLiteral("KRT.CFG"), QStringLiteral("dati/KRT.CFG")},
-        {QStringLiteral("  dati"), QStringLiteral("x  "), QStringLiteral("dati") + s + QStringLiteral("x")},
+        {QStringLiteral("  dati"), QStringLiteral("x  "), QStringLiteral("  dati") + s + QStringLiteral("x  ")},
         {QString(), QStringLiteral("x"), s + QStringLiteral("x")},
     };
     for (const auto& c : casi)

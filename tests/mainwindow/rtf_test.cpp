@@ -9,6 +9,9 @@
 #include <QTextCursor>
 #include <QTextDocument>
 
+#include <cctype>
+#include <set>
+
 #include "mainwindow/anteprima.h"
 #include "mainwindow/rtf.h"
 
@@ -115,6 +118,42 @@ TEST(Rtf, SegmentiDellAnteprima) {
     ASSERT_EQ(s2.size(), 1u);
     EXPECT_EQ(s2[0].testo, "\x8B" "AB");
     EXPECT_TRUE(s2[0].simbolo);
+}
+
+// Whatever the family names and the text hold, a reader of the document finds only the
+// writer's own control words, one outer group, and one font table entry per family, each
+// ended by the only plain ';' of its group (in the text a ';' is just text).
+TEST(Rtf, NessunaParolaDiControlloIniettata) {
+    const std::string ostile = "A;B}{\\rtf1 \\par\\b1\t\\'3b{\\*\\fonttbl{\\f9 Z;}};";
+    std::vector<SegmentoRtf> segmenti;
+    for (const char* f : {"X", "Y"}) segmenti.push_back(Barre(f + ostile, 12, ostile));
+    const std::string rtf = ComponiRtf(segmenti);
+    std::set<std::string> parole;
+    int profondita = 0, puntiEVirgola = 0;
+    bool tabella = false;
+    for (std::size_t i = 0; i < rtf.size(); ++i) {
+        const char c = rtf[i];
+        if (c == '\\' && std::isalpha(static_cast<unsigned char>(rtf[i + 1]))) {
+            std::string parola;
+            while (std::isalpha(static_cast<unsigned char>(rtf[i + 1]))) parola += rtf[++i];
+            parole.insert(parola);
+            tabella = tabella || parola == "fonttbl";
+        } else if (c == '\\') {
+            ++i;  // an escaped symbol, or the quote of \'xx (its hex digits are plain text)
+        } else if (c == '{' || c == '}') {
+            profondita += c == '{' ? 1 : -1;
+            tabella = tabella && profondita > 1;
+            EXPECT_TRUE(profondita > 0 || i + 1 == rtf.size()) << "outer group closed at " << i << "\n" << rtf;
+        } else if (c == ';' && tabella) {
+            EXPECT_EQ(profondita, 3) << "a plain ';' outside a font entry at " << i << "\n" << rtf;
+            EXPECT_EQ(rtf[i + 1], '}') << "a name cut at " << i << "\n" << rtf;
+            ++puntiEVirgola;
+        }
+    }
+    EXPECT_EQ(puntiEVirgola, 2);
+    EXPECT_EQ(parole, (std::set<std::string>{"rtf", "ansi", "ansicpg", "deff", "fonttbl", "f", "fnil", "fcharset",
+                                             "pard", "plain", "fs", "tab"}))
+        << rtf;
 }
 
 TEST(Rtf, LetturaDeiGlifiConFontUnicode) {

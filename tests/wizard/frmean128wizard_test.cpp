@@ -83,7 +83,8 @@ protected:
 };
 
 TEST_F(Wizard, OpensWithTheCatalogueAndNothingSelected) {
-    EXPECT_EQ(dialogo->windowTitle(), " Wizard EAN 128");
+    EXPECT_EQ(dialogo->windowTitle(), "Wizard EAN 128");
+    EXPECT_GE(txtValore->minimumWidth(), 20 * txtValore->fontMetrics().horizontalAdvance(QLatin1Char('0')));
     EXPECT_EQ(lstAI->count(), 107);
     EXPECT_TRUE(lstAI->selectedItems().isEmpty());
     EXPECT_FALSE(txtValore->isEnabled());
@@ -94,11 +95,13 @@ TEST_F(Wizard, OpensWithTheCatalogueAndNothingSelected) {
 
 TEST_F(Wizard, WorkedExample) {
     Inserisci("01", "09501234567890");
+    EXPECT_EQ(Figlio<QLabel>("labAvviso")->text(), "(01) Check digit should be 1.") << "warned, not refused";
     ScegliAI("10");
     QTest::keyClicks(txtValore, "ABC");
     QTest::mouseClick(cmdUp, Qt::LeftButton);
     Inserisci("310", "12.5");
-    EXPECT_EQ(Righe(), Testi({"09501234567890", "ABC", "12.5"}));
+    EXPECT_EQ(Righe(), Testi({"(01) 09501234567890", "(10) ABC", "(310) 12.5"}));
+    EXPECT_EQ(Figlio<QLabel>("labAvviso")->text(), "");
     EXPECT_TRUE(txtValore->text().isEmpty());
     EXPECT_TRUE(messaggi.empty());
 
@@ -126,13 +129,18 @@ TEST_F(Wizard, SelectingAnAISetsLimitAndDescription) {
     }
 }
 
-// A refused value stays in the box; an SSCC gains its check digit; Abort hands back nothing.
+// A refused value stays in the box; an SSCC gains its check digit; a doubtful date is kept and
+// pointed out; Abort hands back nothing.
 TEST_F(Wizard, RefusedCompletedAndCancelled) {
     Inserisci("01", "123");
     EXPECT_EQ(messaggi, std::vector<int>{MessaggioLunghezzaErrata});
     EXPECT_EQ(txtValore->text(), "123");
     Inserisci("00", "12345678901234567");
-    EXPECT_EQ(Righe(), Testi({"123456789012345675"}));
+    EXPECT_EQ(Righe(), Testi({"(00) 123456789012345675"}));
+    EXPECT_EQ(Figlio<QLabel>("labAvviso")->text(), "");
+    Inserisci("17", "241399");  // month 13: kept, and pointed out
+    EXPECT_EQ(Righe().back(), "(17) 241399");
+    EXPECT_EQ(Figlio<QLabel>("labAvviso")->text(), "(17) " + CaricaStringa(519));
     QTest::mouseClick(cmdAnnulla, Qt::LeftButton);
     EXPECT_EQ(dialogo->result(), QDialog::Rejected);
     EXPECT_TRUE(dialogo->Contenuto().empty());
@@ -148,13 +156,14 @@ TEST_F(Wizard, RemoveLastAndEmptyOk) {
     Inserisci("10", "AB");
     ScegliAI("21");
     QTest::mouseClick(cmdDown, Qt::LeftButton);
-    EXPECT_EQ(Righe(), Testi({"09501234567890"}));
+    EXPECT_EQ(Righe(), Testi({"(01) 09501234567890"}));
     EXPECT_EQ(txtValore->text(), "AB");
     EXPECT_EQ(lstAI->selectedItems().value(0), lstAI->item(static_cast<int>(*CercaAI("10"))));
     EXPECT_EQ(labAI->text(), "AI: 01");
 
     QTest::mouseClick(cmdDown, Qt::LeftButton);
     EXPECT_TRUE(Righe().empty());
+    EXPECT_EQ(labAI->text(), "") << "the AI label follows the selection";
     EXPECT_EQ(txtValore->text(), "09501234567890");
     messaggi.clear();
     QTest::mouseClick(cmdDown, Qt::LeftButton);
@@ -180,7 +189,7 @@ TEST_F(Wizard, KeyboardAlone) {
     ASSERT_EQ(QApplication::focusWidget(), txtValore);
     QTest::keyClicks(txtValore, "AB");
     QTest::keyClick(txtValore, Qt::Key_Return);
-    ASSERT_EQ(Righe(), Testi({"09501234567890", "AB"}));
+    ASSERT_EQ(Righe(), Testi({"(01) 09501234567890", "(10) AB"}));
     QTest::keyClick(txtValore, Qt::Key_K, Qt::AltModifier);  // O&k, an animated click
     EXPECT_TRUE(QTest::qWaitFor([this] { return dialogo->result() == QDialog::Accepted; }));
     EXPECT_EQ(dialogo->Contenuto(), "010950123456789010AB");
