@@ -50,13 +50,16 @@ QString FinestraE2E::FamigliaBarre() const {
 
 int main(int argc, char* argv[]) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    // Fontconfig sees the test fonts alone: barcode fonts installed on the machine (for the
-    // user or system-wide) would answer to the same family names.
+    // Fontconfig sees the test fonts alone (barcode fonts installed on the machine would answer
+    // to the same family names), with the light hinting of a desktop: full hinting rounds the
+    // glyph advances and with them the modules.
     QTemporaryDir fontconfig;
     const QString cartellaFont = QDir(qEnvironmentVariable("KRT_FONT_TEST")).absolutePath();
     QFile conf(fontconfig.filePath(QStringLiteral("fonts.conf")));
     if (conf.open(QIODevice::WriteOnly))
-        conf.write(QStringLiteral("<?xml version=\"1.0\"?>\n<fontconfig><dir>%1</dir><cachedir>%2</cachedir></fontconfig>\n")
+        conf.write(QStringLiteral("<?xml version=\"1.0\"?>\n<fontconfig><dir>%1</dir><cachedir>%2</cachedir>"
+                                  "<match target=\"font\"><edit name=\"hintstyle\"><const>hintslight</const></edit></match>"
+                                  "</fontconfig>\n")
                        .arg(cartellaFont, fontconfig.filePath(QStringLiteral("cache")))
                        .toUtf8());
     conf.close();
