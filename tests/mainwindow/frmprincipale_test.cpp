@@ -417,6 +417,13 @@ TEST_F(Finestra, CambiDiOpzioneRigenerano) {
     QTest::keyClick(txtDimensione, Qt::Key_Return);
     EXPECT_EQ(Anteprima()[0].punti, 72);
     EXPECT_EQ(finestra->configurazione().Dimensione, 72);
+    txtDimensione->setText(QStringLiteral("60"));
+    QFocusEvent menu(QEvent::FocusOut, Qt::PopupFocusReason);
+    QApplication::sendEvent(txtDimensione, &menu);
+    EXPECT_EQ(Anteprima()[0].punti, 72) << "opening a menu is no leaving";
+    QFocusEvent via(QEvent::FocusOut, Qt::TabFocusReason);
+    QApplication::sendEvent(txtDimensione, &via);
+    EXPECT_EQ(Anteprima()[0].punti, 60);
     EXPECT_TRUE(messaggi.empty());
 }
 
