@@ -55,8 +55,9 @@ protected:
     void SetUp() override {
         libreoffice = QStandardPaths::findExecutable(QStringLiteral("libreoffice"));
         pdftoppm = QStandardPaths::findExecutable(QStringLiteral("pdftoppm"));
-        if (libreoffice.isEmpty() || pdftoppm.isEmpty())
-            GTEST_SKIP() << "libreoffice or pdftoppm is not installed (Debian libreoffice-writer, poppler-utils; "
+        // Without lowriter (Debian libreoffice-writer) LibreOffice cannot load an RTF document.
+        if (libreoffice.isEmpty() || pdftoppm.isEmpty() || QStandardPaths::findExecutable(QStringLiteral("lowriter")).isEmpty())
+            GTEST_SKIP() << "libreoffice (with its writer) or pdftoppm is not installed (Debian libreoffice-writer, poppler-utils; "
                             "`make test-e2e` installs them): the clipboard's RTF is not read through LibreOffice";
         ASSERT_GT(FontDiProvaCaricati(), 0) << "no test font loaded from KRT_FONT_TEST";
         ASSERT_TRUE(QDir(w.cartella.path()).mkpath(QStringLiteral("home")));

@@ -54,7 +54,7 @@ protected:
 TEST_P(Scansione, SiLeggeConIDatiAttesi) {
     const auto& [r, stile] = GetParam();
     w.Genera(r.voce, stile, r.check, r.contenuto);
-    const QString famiglia = w.FamigliaBarre();
+    const QString famiglia = w.Anteprima().at(0).famiglia;
     ASSERT_TRUE(QFontDatabase::hasFamily(famiglia)) << famiglia.toStdString();
     AttesaScansione attesa;
     for (int f = 0; f <= static_cast<int>(FormatoLettore::Codabar); ++f)

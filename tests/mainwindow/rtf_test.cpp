@@ -1,11 +1,6 @@
-// The RTF writer, the preview's runs, and a word processor reading the result.
+// The RTF writer and the preview's runs (a word processor reading the result: tests/e2e).
 #include <gtest/gtest.h>
 
-#include <QDir>
-#include <QFile>
-#include <QProcess>
-#include <QStandardPaths>
-#include <QTemporaryDir>
 #include <QTextCursor>
 #include <QTextDocument>
 
@@ -160,64 +155,6 @@ TEST(Rtf, LetturaDeiGlifiConFontUnicode) {
     // A font with a Unicode map (any installed text font) takes the Windows-1252 reading.
     const QString letti = LeggiGlifi("\xCC" "A\x8B\r\nB", QFont(QStringLiteral("DejaVu Sans")));
     EXPECT_EQ(letti, QString::fromUtf8("\xC3\x8C" "A\xE2\x80\xB9\nB"));
-}
-
-// What LibreOffice makes of the clipboard's RTF: text, families and sizes.
-TEST(Rtf, LibreOfficeLoLegge) {
-    const QString libreoffice = QStandardPaths::findExecutable(QStringLiteral("libreoffice"));
-    const QString unzip = QStandardPaths::findExecutable(QStringLiteral("unzip"));
-    if (libreoffice.isEmpty() || unzip.isEmpty())
-        GTEST_SKIP() << "libreoffice or unzip is not installed: the RTF is not checked through a word processor";
-
-    SegmentoRtf simbolo = Barre("ORB39 Short", 75, "*A\x8B*\r\n");
-    simbolo.simbolo = true;
-    const std::string rtf = ComponiRtf(
-        {Barre("ORB128", 100, "\xCC\x8B{AB}\r\n\\x\r\n"), simbolo, Hrc("(01)12 \xE9", true, true, true, true)});
-
-    QTemporaryDir cartella;
-    ASSERT_TRUE(cartella.isValid());
-    QFile file(cartella.filePath(QStringLiteral("anteprima.rtf")));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(rtf.data(), static_cast<qint64>(rtf.size()));
-    file.close();
-
-    QProcess lo;
-    lo.start(libreoffice, {QStringLiteral("-env:UserInstallation=file://") + cartella.filePath(QStringLiteral("profilo")),
-                           QStringLiteral("--headless"), QStringLiteral("--convert-to"), QStringLiteral("odt"),
-                           QStringLiteral("--outdir"), cartella.path(), file.fileName()});
-    ASSERT_TRUE(lo.waitForFinished(120000)) << "libreoffice did not finish";
-    const QString odt = cartella.filePath(QStringLiteral("anteprima.odt"));
-    ASSERT_TRUE(QFile::exists(odt)) << lo.readAllStandardError().toStdString();
-
-    auto estrai = [&](const char* voce) {
-        QProcess z;
-        z.start(unzip, {QStringLiteral("-p"), odt, QLatin1String(voce)});
-        z.waitForFinished(30000);
-        return QString::fromUtf8(z.readAllStandardOutput());
-    };
-    const QString contenuto = estrai("content.xml");
-    const QString stili = estrai("styles.xml");
-
-    // Paragraphs and text: Windows-1252 bytes for the ANSI fonts, the symbol
-    // font's private-use codes for the symbol-map family.
-    const QString atteso[] = {
-        QString::fromUtf8("\xC3\x8C\xE2\x80\xB9{AB}"),                     // U+00CC U+2039 {AB}
-        QStringLiteral("\\x"),
-        QString(QChar(0xF02A)) + QChar(0xF041) + QChar(0xF08B) + QChar(0xF02A),
-        QString::fromUtf8("(01)12 \xC3\xA9"),
-    };
-    for (const QString& t : atteso) EXPECT_TRUE(contenuto.contains(t)) << t.toStdString() << "\n" << contenuto.toStdString();
-    EXPECT_EQ(contenuto.count(QStringLiteral("<text:p ")), 4) << "two barcode lines, the symbol-font line, HRC";
-
-    for (const char* famiglia : {"ORB128", "ORB39 Short", "Courier"})
-        EXPECT_TRUE(contenuto.contains(QStringLiteral("style:name=\"%1\"").arg(QLatin1String(famiglia))) ||
-                    stili.contains(QStringLiteral("style:name=\"%1\"").arg(QLatin1String(famiglia))))
-            << famiglia;
-    for (const char* proprieta : {"style:font-name=\"ORB128\" fo:font-size=\"100pt\"",
-                                  "style:font-name=\"ORB39 Short\" fo:font-size=\"75pt\"", "fo:font-size=\"10pt\"",
-                                  "fo:font-weight=\"bold\"", "fo:font-style=\"italic\"", "style:text-underline-style=\"solid\"",
-                                  "style:text-line-through-style=\"solid\""})
-        EXPECT_TRUE(contenuto.contains(QLatin1String(proprieta))) << proprieta << "\n" << contenuto.toStdString();
 }
 
 }  // namespace
