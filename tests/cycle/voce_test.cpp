@@ -47,6 +47,10 @@ TEST(Voce, RicercaPerTestoNomeECodice) {
                                                         : TrovaVocePerCodice(r.testo);
         EXPECT_EQ(IdDi(voce), r.id) << "mode " << r.modo << " text \"" << r.testo << "\"";
     }
+    for (const auto& voce : Catalogo) {  // every entry by its own display names
+        EXPECT_EQ(IdDi(TrovaVoce(voce.inglese, 0)), voce.id) << voce.inglese;
+        EXPECT_EQ(IdDi(TrovaVoce(voce.italiano, 1000)), voce.id) << voce.italiano;
+    }
 }
 
 TEST(Voce, CheckCodiceEFamiglia) {

@@ -24,6 +24,11 @@ TEST(CodificaTesto, OgniCoppiaDiByteFaIlGiroCompleto) {
     std::string utf8;
     AccodaCp1252InUtf8(utf8, "\xE9\x7F");
     EXPECT_EQ(utf8, "\xC3\xA9\x7F");
+    utf8.clear();
+    AccodaCp1252InUtf8(utf8, std::string(300, '\x80'));  // three UTF-8 bytes each, all through the buffer
+    std::string euro;
+    for (int i = 0; i < 300; ++i) euro += "\xE2\x82\xAC";
+    EXPECT_EQ(utf8, euro);
 }
 
 TEST(CodificaTesto, DaUtf8) {
@@ -44,6 +49,7 @@ TEST(CodificaTesto, DaUtf8) {
         {"\xC3", nullptr, "malformed"},           // cut short
         {"\xC0\xAF", nullptr, "malformed"},       // overlong
         {"\xED\xA0\x80", nullptr, "malformed"},   // surrogate
+        {"\xED\xBF\xBF", nullptr, "malformed"},   // the last surrogate
         {"\xE2\x28\xA1", nullptr, "malformed"},   // bad continuation
     };
     for (const auto& r : righe) {
