@@ -274,7 +274,7 @@ std::size_t PosizioneNonValida(std::string_view testo) {
 
 extern "C" {
 
-int krt_encode(const char* symbology, const char* content, size_t length, unsigned flags, char* glyphs,
+int KRT_CALL krt_encode(const char* symbology, const char* content, size_t length, unsigned flags, char* glyphs,
                size_t size, size_t* written) {
     if (symbology == nullptr || content == nullptr || (glyphs == nullptr && size > 0)) {
         Svuota(glyphs, size, written);
@@ -292,7 +292,7 @@ int krt_encode(const char* symbology, const char* content, size_t length, unsign
     return stato;
 }
 
-const char* krt_strerror(int status) {
+const char* KRT_CALL krt_strerror(int status) {
     switch (status) {
         case KRT_OK: return "success";
         case KRT_REFUSED: return "content not allowed for the symbology";
@@ -308,15 +308,15 @@ const char* krt_strerror(int status) {
     }
 }
 
-const char* krt_version(void) { return KRT_VERSION; }
+const char* KRT_CALL krt_version(void) { return KRT_VERSION; }
 
-int krt_explain(const char* symbology, const char* content, size_t length, unsigned flags, krt_reason* reason) {
+int KRT_CALL krt_explain(const char* symbology, const char* content, size_t length, unsigned flags, krt_reason* reason) {
     if (symbology == nullptr || content == nullptr || reason == nullptr) return KRT_INVALID_ARGUMENT;
     *reason = krt_reason{};
     return AlConfine([&] { return Codifica(symbology, content, length, flags, reason); });
 }
 
-int krt_entry_encode(const char* name, const char* content, size_t length, unsigned flags, const char* style,
+int KRT_CALL krt_entry_encode(const char* name, const char* content, size_t length, unsigned flags, const char* style,
                      krt_result** result) {
     if (name == nullptr || content == nullptr) {
         if (result != nullptr) *result = nullptr;
@@ -334,7 +334,7 @@ int krt_entry_encode(const char* name, const char* content, size_t length, unsig
     });
 }
 
-int krt_gs1_encode(const char* const* ais, const char* const* values, size_t count, unsigned flags,
+int KRT_CALL krt_gs1_encode(const char* const* ais, const char* const* values, size_t count, unsigned flags,
                    const char* style, krt_result** result) {
     if ((count > 0 && (ais == nullptr || values == nullptr))) {
         if (result != nullptr) *result = nullptr;
@@ -370,7 +370,7 @@ int krt_gs1_encode(const char* const* ais, const char* const* values, size_t cou
     });
 }
 
-int krt_gs1_encode_text(const char* text, size_t length, unsigned flags, const char* style, krt_result** result) {
+int KRT_CALL krt_gs1_encode_text(const char* text, size_t length, unsigned flags, const char* style, krt_result** result) {
     if (text == nullptr) {
         if (result != nullptr) *result = nullptr;
         return KRT_INVALID_ARGUMENT;
@@ -384,11 +384,11 @@ int krt_gs1_encode_text(const char* text, size_t length, unsigned flags, const c
     });
 }
 
-int krt_result_status(const krt_result* result) { return result == nullptr ? KRT_INVALID_ARGUMENT : result->stato; }
+int KRT_CALL krt_result_status(const krt_result* result) { return result == nullptr ? KRT_INVALID_ARGUMENT : result->stato; }
 
-unsigned krt_result_flags(const krt_result* result) { return result == nullptr ? 0u : result->flag; }
+unsigned KRT_CALL krt_result_flags(const krt_result* result) { return result == nullptr ? 0u : result->flag; }
 
-const char* krt_result_text(const krt_result* result, int field, size_t* length) {
+const char* KRT_CALL krt_result_text(const krt_result* result, int field, size_t* length) {
     if (result == nullptr || field < 0 || field > KRT_FIELD_REASON) {
         if (length != nullptr) *length = 0;
         return "";
@@ -398,7 +398,7 @@ const char* krt_result_text(const krt_result* result, int field, size_t* length)
     return t.c_str();
 }
 
-int krt_result_copy(const krt_result* result, int field, char* buffer, size_t size, size_t* written) {
+int KRT_CALL krt_result_copy(const krt_result* result, int field, char* buffer, size_t size, size_t* written) {
     if (result == nullptr || field < 0 || field > KRT_FIELD_REASON || (buffer == nullptr && size > 0)) {
         Svuota(buffer, size, written);
         return KRT_INVALID_ARGUMENT;
@@ -406,15 +406,15 @@ int krt_result_copy(const krt_result* result, int field, char* buffer, size_t si
     return Scrivi(result->testi[field], buffer, size, written);
 }
 
-int krt_result_reason(const krt_result* result, krt_reason* reason) {
+int KRT_CALL krt_result_reason(const krt_result* result, krt_reason* reason) {
     if (result == nullptr || reason == nullptr) return KRT_INVALID_ARGUMENT;
     *reason = result->motivo;
     return KRT_OK;
 }
 
-void krt_result_free(krt_result* result) { delete result; }
+void KRT_CALL krt_result_free(krt_result* result) { delete result; }
 
-int krt_isbn_convert(const char* isbn, size_t length, unsigned flags, char* out, size_t size, size_t* written,
+int KRT_CALL krt_isbn_convert(const char* isbn, size_t length, unsigned flags, char* out, size_t size, size_t* written,
                      krt_reason* reason) {
     if (reason != nullptr) *reason = krt_reason{};
     if (isbn == nullptr || (out == nullptr && size > 0)) {
@@ -438,7 +438,7 @@ int krt_isbn_convert(const char* isbn, size_t length, unsigned flags, char* out,
     return stato;
 }
 
-int krt_isbn_complete(const char* digits, size_t length, char* out, size_t size, size_t* written) {
+int KRT_CALL krt_isbn_complete(const char* digits, size_t length, char* out, size_t size, size_t* written) {
     if (digits == nullptr || (out == nullptr && size > 0)) {
         Svuota(out, size, written);
         return KRT_INVALID_ARGUMENT;
