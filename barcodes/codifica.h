@@ -3,6 +3,8 @@
 #include <string>
 #include <string_view>
 
+#include "barcodes/rifiuto.h"
+
 namespace krt {
 
 // Returns the glyph string (Windows-1252 bytes), or "" when the content is refused
@@ -13,6 +15,8 @@ std::string CodificaBarcode(std::string contenuto, std::string codice, bool chec
 // written into glifi ("" when refused), and contenuto may be rewritten on the way
 // (padding, upper case, check characters, decoded escapes), so that the storage of both
 // serves again for the next content. After a fault glifi holds no useful text.
-void CodificaBarcode(std::string& contenuto, std::string_view codice, bool checkDigit, std::string& glifi);
+// Returns why the content was refused (Rifiuto::Nessuno with glyphs when encoded; an
+// unknown code gives neither glyphs nor a reason: callers resolve codes first).
+Rifiuto CodificaBarcode(std::string& contenuto, std::string_view codice, bool checkDigit, std::string& glifi);
 
 }  // namespace krt

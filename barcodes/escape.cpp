@@ -167,6 +167,16 @@ bool DecodificaEscapeInPosto(std::string& contenuto, unsigned codiceMassimo) {
     return true;
 }
 
+Rifiuto CarattereOltre(std::string_view contenuto, unsigned codiceMassimo) {
+    for (std::size_t posizione = 1; posizione <= contenuto.size();) {
+        const std::size_t inizio = posizione;
+        const Lettura l = Leggi(contenuto, posizione);
+        if (l.mancanza != Mancanza::Nessuna) return Rifiuto::Di(MotivoRifiuto::Escape);
+        if (l.codice > codiceMassimo) return Rifiuto::InCarattere(inizio, static_cast<char>(l.codice));
+    }
+    return {};
+}
+
 double LeggiNumero(std::string_view testo) {
     std::size_t i = 0;
     while (i < testo.size() && (testo[i] == ' ' || testo[i] == '\t')) ++i;

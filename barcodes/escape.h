@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "barcodes/rifiuto.h"
+
 namespace krt {
 
 // Reads one (possibly escaped) character at the 1-based position and advances it
@@ -28,6 +30,11 @@ std::optional<std::string> DecodificaEscape(std::string_view contenuto, unsigned
 // DecodificaEscape(contenuto, codiceMassimo) in place: false, with the content left as it
 // was, where that gives std::nullopt. A content without a backslash is not copied.
 bool DecodificaEscapeInPosto(std::string& contenuto, unsigned codiceMassimo);
+
+// The first character, read through its escapes, whose code is above codiceMassimo:
+// its 1-based position in the content (where its escape starts) and its code; no
+// refusal when there is none. The content's escapes are known to be readable.
+Rifiuto CarattereOltre(std::string_view contenuto, unsigned codiceMassimo);
 
 // Lenient decimal reader: leading blanks skipped, an optional sign, digits and one
 // decimal point; reading stops at the first character that cannot continue the

@@ -6,6 +6,7 @@
 #include <cstring>
 
 #include "barcodes/controllo.h"
+#include "barcodes/simbologie.h"
 
 namespace krt {
 
@@ -18,139 +19,158 @@ constexpr std::string_view AlfabetoDelta = "0123456789KLMO";
 constexpr std::string_view InizioFineCodabar = "ABCDEMT*";
 constexpr std::string_view DatiCodabar = "0123456789-$:/.+";
 
-bool TuttiIn(std::string_view testo, std::string_view alfabeto) {
-    return std::all_of(testo.begin(), testo.end(),
-                       [&](char c) { return alfabeto.find(c) != std::string_view::npos; });
+// The first character outside the alphabet, upper-cased first when asked.
+Rifiuto PrimoFuori(std::string_view testo, std::string_view alfabeto, bool maiuscolo = false) {
+    for (std::size_t i = 0; i < testo.size(); ++i) {
+        const char c = maiuscolo ? InMaiuscolo(testo[i]) : testo[i];
+        if (alfabeto.find(c) == std::string_view::npos) return Rifiuto::InCarattere(i + 1, testo[i]);
+    }
+    return {};
 }
 
-std::string Maiuscolo(std::string_view testo) {
-    std::string risultato(testo);
-    for (char& c : risultato) c = InMaiuscolo(c);
-    return risultato;
-}
+constexpr std::string_view Cifre = "0123456789";
+
+Rifiuto SoloCifreOppure(std::string_view testo) { return SoloCifre(testo) ? Rifiuto{} : PrimoFuori(testo, Cifre); }
 
 // Digits only, no longer than the fixed length L of the code (see the table below),
 // zero-filled on the left up to L.
-bool RegolaFissa(std::string& contenuto, std::size_t lunghezza, bool) {
-    if (contenuto.size() > lunghezza || !SoloCifre(contenuto)) return false;
+Rifiuto RegolaFissa(std::string& contenuto, std::size_t lunghezza, bool) {
+    if (Rifiuto r = SoloCifreOppure(contenuto)) return r;
+    if (contenuto.size() > lunghezza) return Rifiuto::DiLunghezza(1, lunghezza);
     if (contenuto.size() < lunghezza) contenuto.insert(0, lunghezza - contenuto.size(), '0');
-    return true;
+    return {};
 }
 
-bool RegolaUPCE(std::string& contenuto, std::size_t lunghezza, bool checkDigit) {
-    const bool accettato = RegolaFissa(contenuto, lunghezza, checkDigit);
+Rifiuto RegolaUPCE(std::string& contenuto, std::size_t lunghezza, bool checkDigit) {
+    if (Rifiuto r = RegolaFissa(contenuto, lunghezza, checkDigit)) return r;
     // Number system 0 or 1 only.
-    return accettato && (contenuto.front() == '0' || contenuto.front() == '1');
+    if (contenuto.front() != '0' && contenuto.front() != '1') return Rifiuto::Di(MotivoRifiuto::Struttura);
+    return {};
 }
 
 // ZIP, ZIP+4 or delivery point: 5, 9 or 11 digits, one more without the check option.
-bool RegolaPostnet(std::string& contenuto, std::size_t, bool checkDigit) {
+Rifiuto RegolaPostnet(std::string& contenuto, std::size_t, bool checkDigit) {
     const std::size_t k = checkDigit ? 0 : 1;
     const std::size_t n = contenuto.size();
-    if (!SoloCifre(contenuto) || n > 11 + k) return false;
+    if (Rifiuto r = SoloCifreOppure(contenuto)) return r;
+    if (n > 11 + k) return Rifiuto::DiLunghezza(1, 11 + k);
     const std::size_t lunghezza = n <= 5 + k ? 5 + k : n <= 9 + k ? 9 + k : 11 + k;
     return RegolaFissa(contenuto, lunghezza, checkDigit);
 }
 
 // Without the check option the seventh digit is not compared, only the remainder tested.
-bool RegolaCIP(std::string& contenuto, std::size_t lunghezza, bool checkDigit) {
-    return RegolaFissa(contenuto, lunghezza, checkDigit) && !CalcolaCheckCIP(contenuto).empty();
+Rifiuto RegolaCIP(std::string& contenuto, std::size_t lunghezza, bool checkDigit) {
+    if (Rifiuto r = RegolaFissa(contenuto, lunghezza, checkDigit)) return r;
+    if (CalcolaCheckCIP(contenuto).empty()) return Rifiuto::Di(MotivoRifiuto::Intervallo);
+    return {};
 }
 
 // One leading zero where needed so that content plus check digit is an even count.
-bool RegolaInterleaved(std::string& contenuto, std::size_t, bool checkDigit) {
-    if (!SoloCifre(contenuto)) return false;
+Rifiuto RegolaInterleaved(std::string& contenuto, std::size_t, bool checkDigit) {
+    if (Rifiuto r = SoloCifreOppure(contenuto)) return r;
     const std::size_t n = contenuto.size();
     const bool aggiungi = checkDigit ? n % 2 == 0 : n % 2 == 1;
     if (aggiungi) contenuto.insert(contenuto.begin(), '0');
-    return true;
+    return {};
 }
 
-bool RegolaCifre(std::string& contenuto, std::size_t, bool) { return SoloCifre(contenuto); }
+Rifiuto RegolaCifre(std::string& contenuto, std::size_t, bool) { return SoloCifreOppure(contenuto); }
 
-bool RegolaCodice11(std::string& contenuto, std::size_t, bool) { return TuttiIn(contenuto, Alfabeto11); }
+Rifiuto RegolaCodice11(std::string& contenuto, std::size_t, bool) { return PrimoFuori(contenuto, Alfabeto11); }
 
-bool RegolaMSI(std::string& contenuto, std::size_t, bool checkDigit) {
-    return SoloCifre(contenuto) && contenuto.size() <= (checkDigit ? 13u : 15u);
+Rifiuto RegolaMSI(std::string& contenuto, std::size_t, bool checkDigit) {
+    if (Rifiuto r = SoloCifreOppure(contenuto)) return r;
+    const std::size_t massimo = checkDigit ? 13 : 15;
+    if (contenuto.size() > massimo) return Rifiuto::DiLunghezza(1, massimo);
+    return {};
 }
 
-bool Accetta(std::string&, std::size_t, bool) { return true; }
+Rifiuto Accetta(std::string&, std::size_t, bool) { return {}; }
 
 // Upper case, a length limit and an alphabet; the content is rewritten only on acceptance.
-bool AccettaMaiuscolo(std::string& contenuto, std::size_t massimo, std::string_view alfabeto) {
-    if (contenuto.size() > massimo) return false;
-    std::string maiuscolo = Maiuscolo(contenuto);
-    if (!TuttiIn(maiuscolo, alfabeto)) return false;
-    contenuto = std::move(maiuscolo);
-    return true;
+Rifiuto AccettaMaiuscolo(std::string& contenuto, std::size_t massimo, std::string_view alfabeto) {
+    if (Rifiuto r = PrimoFuori(contenuto, alfabeto, true)) return r;
+    if (contenuto.size() > massimo) return Rifiuto::DiLunghezza(1, massimo);
+    for (char& c : contenuto) c = InMaiuscolo(c);
+    return {};
 }
 
-bool RegolaCodice39(std::string& contenuto, std::size_t, bool) {
+Rifiuto RegolaCodice39(std::string& contenuto, std::size_t, bool) {
     return AccettaMaiuscolo(contenuto, std::string::npos, Alfabeto39);
 }
 
-bool RegolaPlessey(std::string& contenuto, std::size_t, bool) {
+Rifiuto RegolaPlessey(std::string& contenuto, std::size_t, bool) {
     return AccettaMaiuscolo(contenuto, 15, AlfabetoPlessey);
 }
 
-bool RegolaDelta(std::string& contenuto, std::size_t, bool checkDigit) {
+Rifiuto RegolaDelta(std::string& contenuto, std::size_t, bool checkDigit) {
     return AccettaMaiuscolo(contenuto, checkDigit ? 15 : 16, AlfabetoDelta);
 }
 
-bool RegolaCodabar(std::string& contenuto, std::size_t, bool) {
-    std::string maiuscolo = Maiuscolo(contenuto);
-    if (maiuscolo.size() < 3) return false;
-    if (InizioFineCodabar.find(maiuscolo.front()) == std::string_view::npos ||
-        InizioFineCodabar.find(maiuscolo.back()) == std::string_view::npos)
-        return false;
-    if (!TuttiIn(std::string_view(maiuscolo).substr(1, maiuscolo.size() - 2), DatiCodabar)) return false;
-    contenuto = std::move(maiuscolo);
-    return true;
+// A start character, data characters, a stop character.
+Rifiuto RegolaCodabar(std::string& contenuto, std::size_t, bool) {
+    const std::size_t n = contenuto.size();
+    if (n < 3) return Rifiuto::DiLunghezza(3, 0);
+    if (InizioFineCodabar.find(InMaiuscolo(contenuto.front())) == std::string_view::npos ||
+        InizioFineCodabar.find(InMaiuscolo(contenuto.back())) == std::string_view::npos)
+        return Rifiuto::Di(MotivoRifiuto::Struttura);
+    if (Rifiuto r = PrimoFuori(std::string_view(contenuto).substr(1, n - 2), DatiCodabar, true)) return r.Spostato(1);
+    for (char& c : contenuto) c = InMaiuscolo(c);
+    return {};
+}
+
+using FunzioneRegola = Rifiuto (*)(std::string& contenuto, std::size_t lunghezza, bool checkDigit);
+
+constexpr FunzioneRegola FunzioneDi(RegolaValidazione regola) {
+    switch (regola) {
+        case RegolaValidazione::Libera: return Accetta;
+        case RegolaValidazione::Fissa: return RegolaFissa;
+        case RegolaValidazione::UPCE: return RegolaUPCE;
+        case RegolaValidazione::Postnet: return RegolaPostnet;
+        case RegolaValidazione::CIP: return RegolaCIP;
+        case RegolaValidazione::Interleaved: return RegolaInterleaved;
+        case RegolaValidazione::Cifre: return RegolaCifre;
+        case RegolaValidazione::Codice11: return RegolaCodice11;
+        case RegolaValidazione::MSI: return RegolaMSI;
+        case RegolaValidazione::Codice39: return RegolaCodice39;
+        case RegolaValidazione::Plessey: return RegolaPlessey;
+        case RegolaValidazione::Delta: return RegolaDelta;
+        case RegolaValidazione::Codabar: return RegolaCodabar;
+    }
+    return Accetta;
 }
 
 struct Regola {
-    std::uint64_t chiave;  // ChiaveCodice of the code
-    bool (*valida)(std::string& contenuto, std::size_t lunghezza, bool checkDigit);
+    std::uint64_t chiave = 0;  // ChiaveCodice of the code
+    FunzioneRegola valida = nullptr;
     std::uint8_t conCheck = 0;    // fixed length with the check option, 0 for none
     std::uint8_t senzaCheck = 0;  // and without it
-
-    constexpr Regola(std::string_view codice, bool (*regola)(std::string&, std::size_t, bool),
-                     std::uint8_t lunghezzaConCheck = 0, std::uint8_t lunghezzaSenzaCheck = 0)
-        : chiave(ChiaveCodice(codice)), valida(regola), conCheck(lunghezzaConCheck),
-          senzaCheck(lunghezzaSenzaCheck) {}
 };
 
-// Codes not listed (the Inverted and Compressed 2 of 5 among them) are accepted unchanged.
-constexpr TabellaCodici Regole(std::array<Regola, 29>{{
-    {"UPCE", RegolaUPCE, 7, 8},
-    {"EAN8", RegolaFissa, 7, 8},    {"EAN13", RegolaFissa, 12, 13}, {"ISBN", RegolaFissa, 9, 9},
-    {"ISBN13", RegolaFissa, 12, 12}, {"UPCA", RegolaFissa, 11, 12},  {"ADD2", RegolaFissa, 2, 2},
-    {"ADD5", RegolaFissa, 5, 5},
-    {"POSTNET", RegolaPostnet},
-    {"CIP", RegolaCIP, 6, 7},
-    {"C25", RegolaInterleaved},
-    {"CIND25", RegolaCifre},     {"C5BARS", RegolaCifre}, {"C3BARS", RegolaCifre},
-    {"CBCD", RegolaCifre},
-    {"C11", RegolaCodice11},
-    {"CMSI", RegolaMSI},
-    {"C32", RegolaFissa, 8, 9},   {"C32HRC", RegolaFissa, 8, 9}, {"ITF", RegolaFissa, 13, 14},
-    {"C128", Accetta},           {"E128", Accetta},       {"C39FULL", Accetta},
-    {"C93FULL", Accetta},
-    {"C39", RegolaCodice39},     {"C93", RegolaCodice39},  // one alphabet for both
-    {"PLESSEY", RegolaPlessey},
-    {"DELTA", RegolaDelta},
-    {"CBAR", RegolaCodabar},
-}});
+// The validation rule of every row of the symbology table, found by code in one step.
+constexpr auto Regole = [] {
+    std::array<Regola, Simbologie.size()> righe{};
+    for (std::size_t i = 0; i < righe.size(); ++i) {
+        const DescrittoreSimbologia& d = Simbologie[i];
+        righe[i] = {ChiaveCodice(d.codice), FunzioneDi(d.validazione), d.conCheck, d.senzaCheck};
+    }
+    return TabellaCodici(righe);
+}();
 
 }  // namespace
 
 bool ValidaCodice(std::string& contenuto, std::string_view codice, bool checkDigit) {
-    return ValidaCodicePerChiave(contenuto, ChiaveCodice(codice), checkDigit);
+    return !VerificaCodicePerChiave(contenuto, ChiaveCodice(codice), checkDigit);
 }
 
-bool ValidaCodicePerChiave(std::string& contenuto, std::uint64_t chiave, bool checkDigit) {
+Rifiuto VerificaCodice(std::string& contenuto, std::string_view codice, bool checkDigit) {
+    return VerificaCodicePerChiave(contenuto, ChiaveCodice(codice, true), checkDigit);
+}
+
+Rifiuto VerificaCodicePerChiave(std::string& contenuto, std::uint64_t chiave, bool checkDigit) {
+    if (contenuto.empty()) return Rifiuto::Di(MotivoRifiuto::Vuoto);
     const Regola* r = Regole.Trova(chiave);
-    if (r == nullptr) return true;
+    if (r == nullptr) return {};  // an unknown code: the encoder has nothing to draw either
     return r->valida(contenuto, checkDigit ? r->conCheck : r->senzaCheck, checkDigit);
 }
 

@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "barcodes/rifiuto.h"
+
 namespace krt {
 
 // ASCII-only character tests: safe for any byte, whatever the locale or the sign of char.
@@ -79,11 +81,14 @@ private:
 // Value of a digit character, 0 for any other character.
 constexpr int ValoreCifra(char c) { return IsDigit(c) ? c - '0' : 0; }
 
-// True when the content may be encoded with the (upper-case) symbology code.
-// May rewrite the content: zero padding on the left, upper case.
-bool ValidaCodice(std::string& contenuto, std::string_view codice, bool checkDigit);
+// Whether the content may be encoded with the symbology code (any case): no refusal, or why
+// not. An empty content is refused for every code. On acceptance the content may be
+// rewritten (zero padding on the left, upper case).
+Rifiuto VerificaCodice(std::string& contenuto, std::string_view codice, bool checkDigit);
 // The same for a code given by its ChiaveCodice.
-bool ValidaCodicePerChiave(std::string& contenuto, std::uint64_t chiave, bool checkDigit);
+Rifiuto VerificaCodicePerChiave(std::string& contenuto, std::uint64_t chiave, bool checkDigit);
+// True when VerificaCodice accepts the content of the (upper-case) code.
+bool ValidaCodice(std::string& contenuto, std::string_view codice, bool checkDigit);
 
 // True when every character is "0"-"9" (true for "").
 bool SoloCifre(std::string_view testo);

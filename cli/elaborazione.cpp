@@ -10,9 +10,9 @@
 
 #include "barcodes/catalogo.h"
 #include "barcodes/codifica.h"
-#include "barcodes/errori.h"
 #include "barcodes/validazione.h"
-#include "cli/codifica_testo.h"
+#include "cycle/motivi.h"
+#include "text/codifica_testo.h"
 
 namespace krt {
 
@@ -51,16 +51,17 @@ void AccodaCp1252Json(std::string& uscita, std::string_view byte) {
     AccodaStringaJson(uscita, utf8);
 }
 
-std::string MotivoRifiuto(const Simbologia& s) {
-    if (s.perNome) return "content not allowed for \"" + std::string(s.voce->inglese) + "\"";
-    return "content not allowed for " + s.codice;
-}
-
 }  // namespace
 
 bool RisolviSimbologia(std::string_view testo, std::string_view stile, Simbologia& simbologia) {
     simbologia = {};
-    if (const VoceCatalogo* voce = TrovaVocePerCodice(testo)) {
+    const VoceCatalogo* esatta = TrovaVoce(testo, 0);
+    if (esatta == nullptr) esatta = TrovaVoce(testo, 1000);
+    if (esatta != nullptr) {
+        simbologia.voce = esatta;
+        simbologia.perNome = true;
+        simbologia.codice = esatta->codice;
+    } else if (const VoceCatalogo* voce = TrovaVocePerCodice(testo)) {
         simbologia.voce = voce;
         for (const char c : testo) simbologia.codice += InMaiuscolo(c);
     } else if (const VoceCatalogo* perNome = TrovaVocePerNome(testo)) {
@@ -87,44 +88,47 @@ void CodificaRiga(const Simbologia& simbologia, const OpzioniCli& opzioni, std::
     r.glifi.clear();
     r.hrc.clear();
     r.errore.clear();
+    r.rifiuto = {};
     std::string& contenuto = r.testo;
     if (opzioni.ingresso == CodificaIngresso::Cp1252) {
         contenuto.assign(riga);
         if (opzioni.formato == FormatoUscita::Json) AccodaCp1252InUtf8(r.contenuto, riga);
     } else {
         if (opzioni.formato == FormatoUscita::Json) r.contenuto = riga;
-        if (!Utf8InCp1252(riga, contenuto, r.errore)) return;
+        if (!Utf8InCp1252(riga, contenuto, r.errore)) {
+            // The characters converted before the one that failed give its position.
+            r.rifiuto = Rifiuto::InCarattere(contenuto.size() + 1, 0);
+            return;
+        }
     }
     if (contenuto.size() > LunghezzaMassimaContenuto) {
-        r.errore = "content longer than " + std::to_string(LunghezzaMassimaContenuto) + " characters";
+        r.rifiuto = Rifiuto::DiLunghezza(1, LunghezzaMassimaContenuto);
+        r.errore = TestoRifiuto(r.rifiuto, simbologia.codice);
         return;
     }
 
+    std::string_view codice = simbologia.codice;
     try {
         if (simbologia.perNome) {
             const OpzioniVoce o{opzioni.check, opzioni.hrc, opzioni.checkInHRC, opzioni.stile, {}};
             GenerazioneVoce g = GeneraVoce(*simbologia.voce, contenuto, o);
-            if (!g.accettato) {
-                r.errore = contenuto.empty() ? "empty content" : MotivoRifiuto(simbologia);
-                return;
-            }
+            r.rifiuto = g.rifiuto;
+            codice = simbologia.voce->codice;
             r.codice = std::move(g.codice);
             r.glifi = std::move(g.glifi);
             if (opzioni.hrc) r.hrc = std::move(g.hrc);
         } else {
-            CodificaBarcode(contenuto, simbologia.codice, opzioni.check, r.glifi);
+            r.rifiuto = CodificaBarcode(contenuto, simbologia.codice, opzioni.check, r.glifi);
         }
-        if (r.glifi.empty()) r.errore = MotivoRifiuto(simbologia);
-    } catch (const EscapeNonValido& e) {
-        r.errore = std::string("invalid escape sequence: ") + e.what();
-    } catch (const OverflowCheckSum& e) {
-        r.errore = std::string("check sum overflow: ") + e.what();
-    } catch (const IntervalloNonValido& e) {
-        r.errore = std::string("value out of range: ") + e.what();
+        if (r.rifiuto) r.errore = TestoRifiuto(r.rifiuto, codice);
     } catch (const std::exception& e) {
-        r.errore = std::string("internal error: ") + e.what();
+        // The engine's faults are refusals with the fault's own words added.
+        r.rifiuto = RifiutoDaGuasto(e);
+        r.errore = r.rifiuto ? TestoRifiuto(r.rifiuto, codice) + " (" + e.what() + ")"
+                             : std::string("internal error: ") + e.what();
     }
     if (!r.errore.empty()) {
+        r.codice.clear();
         r.glifi.clear();
         r.hrc.clear();
     }
@@ -163,6 +167,22 @@ void AccodaRisultato(std::string& uscita, const Simbologia& simbologia, const Ri
                 uscita += "null";
             else
                 AccodaStringaJson(uscita, r.errore);
+            uscita += ",\"reason\":";
+            if (!r.rifiuto) {
+                uscita += "null";
+            } else {
+                uscita += "{\"kind\":";
+                AccodaStringaJson(uscita, NomeMotivo(r.rifiuto.motivo));
+                if (r.rifiuto.motivo == MotivoRifiuto::Carattere) {
+                    uscita += ",\"position\":";
+                    uscita += std::to_string(r.rifiuto.posizione);
+                }
+                if (r.idMessaggio != 0) {
+                    uscita += ",\"message\":";
+                    uscita += std::to_string(r.idMessaggio);
+                }
+                uscita += '}';
+            }
             uscita += '}';
             break;
     }

@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "cli/opzioni.h"
-#include "mainwindow/voce.h"
+#include "cycle/voce.h"
 
 namespace krt {
 
@@ -16,8 +16,8 @@ struct Simbologia {
     std::string famiglia;                // ScegliFontFamiglia(entry family, style)
 };
 
-// A symbology code first, then an English or Italian display name, ignoring case.
-// False when the text names neither.
+// An English or Italian display name written exactly (case included), then a symbology
+// code in any case, then a display name ignoring case. False when the text names none.
 bool RisolviSimbologia(std::string_view testo, std::string_view stile, Simbologia& simbologia);
 
 struct RisultatoRiga {
@@ -26,6 +26,8 @@ struct RisultatoRiga {
     std::string glifi;      // Windows-1252 glyph string, "" when refused
     std::string hrc;        // Windows-1252 HRC text (display names only)
     std::string errore;     // one-line reason, "" when the content was encoded
+    Rifiuto rifiuto;        // the kind of refusal (none for an internal error)
+    int idMessaggio = 0;    // the GS1 layer's message id of a refused AI line, 0 for none
     std::string testo;      // the content in Windows-1252 as the engine left it (not written)
 };
 

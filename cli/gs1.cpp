@@ -4,14 +4,14 @@
 #include <utility>
 #include <vector>
 
-#include "cli/codifica_testo.h"
+#include "text/codifica_testo.h"
 #include "wizard/composizione_ai.h"
 
 namespace krt {
 
 namespace {
 
-constexpr std::string_view CodiceGS1 = "E128";
+constexpr std::string_view CodiceGS1 = CodiceDi(TipoSimbologia::Ean128);
 
 // The text of a refused line: the wizard's message and its id, or the reason alone.
 std::string Motivo(const EsitoRigheAI& esito) {
@@ -30,9 +30,12 @@ RisultatoRiga Codifica(const Simbologia& simbologia, const OpzioniCli& opzioni, 
         r.contenuto = codice.contenuto;
         return r;
     }
+    // The wizard's refusals are structure rules of GS1-128 content, with its message id.
     RisultatoRiga r;
     r.codice = simbologia.codice;
     r.errore = Motivo(esito);
+    r.rifiuto = Rifiuto::Di(MotivoRifiuto::Struttura);
+    r.idMessaggio = esito.idMessaggio;
     return r;
 }
 

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "cli/elaborazione.h"
+#include "cycle/motivi.h"
 #include "cli/flusso.h"
 #include "cli/gs1.h"
 #include "cli/opzioni.h"
@@ -90,7 +91,8 @@ int main(int argc, char** argv) {
         for (std::size_t numero = 1; lettore.Prossima(riga, troppoLunga); ++numero) {
             if (troppoLunga) {
                 krt::RisultatoRiga lunga;
-                lunga.errore = "content longer than " + std::to_string(krt::LunghezzaMassimaContenuto) + " characters";
+                lunga.rifiuto = krt::Rifiuto::DiLunghezza(1, krt::LunghezzaMassimaContenuto);
+                lunga.errore = krt::TestoRifiuto(lunga.rifiuto, simbologia.codice);
                 scrivi(lunga, numero);
             } else {
                 krt::CodificaContenuto(simbologia, opzioni, riga, r);

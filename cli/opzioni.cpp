@@ -124,7 +124,8 @@ std::string TestoAiuto() {
         "which gives exactly the engine's glyph string, or a display name in English or\n"
         "Italian (\"EAN 13 Add-on 5\", \"Codice 39\"), which gives what the main window draws\n"
         "for that entry: add-on split, ISBN check always on, Code 32 text line with --hrc.\n"
-        "Codes and names are matched ignoring case.\n"
+        "A SYMBOLOGY equal to a display name, case included, is that entry (\"Plessey\",\n"
+        "\"Postnet\"); otherwise a code, in any case; otherwise a display name ignoring case.\n"
         "\n"
         "Options:\n";
     for (const auto& d : TabellaOpzioni()) {
@@ -145,10 +146,12 @@ std::string TestoAiuto() {
          "Input lines end at LF (a CR before it is dropped). Content longer than\n";
     t += std::to_string(LunghezzaMassimaContenuto);
     t += " characters is refused.\n"
-         "A refused content gives an empty result and a reason on standard error; the\n"
-         "remaining lines are still encoded.\n"
+         "A refused content gives an empty result and \"line N: reason\" on standard error;\n"
+         "the remaining lines are still encoded. Empty content is refused.\n"
          "json keys: content, code, family, glyphs, codes, hrc (display names only; the text\n"
-         "of the HRC line, empty without --hrc), error.\n"
+         "of the HRC line, empty without --hrc), error (the reason), reason (null, or\n"
+         "{\"kind\": empty|length|character|structure|range|escape|overflow, \"position\": N}\n"
+         "with the 1-based position of a refused character; \"message\": the GS1 message id).\n"
          "\n"
          "Exit status: 0 every content encoded, 1 some content refused, 2 usage error.\n";
     return t;

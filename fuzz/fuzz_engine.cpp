@@ -12,14 +12,16 @@
 #include "barcodes/codifica.h"
 #include "barcodes/errori.h"
 #include "barcodes/isbn.h"
+#include "barcodes/simbologie.h"
 
 namespace {
 
-constexpr std::array<std::string_view, 31> Codici{
-    "C39",  "C39FULL", "C93",   "C93FULL", "C25",  "ITF",  "CIND25", "C5BARS", "C3BARS", "CBCD", "C25INV",
-    "C25COMP", "C11",  "CMSI",  "EAN13",   "UPCA", "EAN8", "UPCE",   "ADD2",   "ADD5",   "C32",  "C32HRC",
-    "CBAR", "C128",    "E128",  "ISBN",    "ISBN13", "CIP", "PLESSEY", "DELTA", "POSTNET",
-};
+// Every code of the symbology table.
+constexpr auto Codici = [] {
+    std::array<std::string_view, krt::Simbologie.size()> codici{};
+    for (std::size_t i = 0; i < codici.size(); ++i) codici[i] = krt::Simbologie[i].codice;
+    return codici;
+}();
 
 template <typename F>
 void SenzaGuasti(F&& f) {

@@ -31,13 +31,14 @@
 #include <QVBoxLayout>
 
 #include "barcodes/errori.h"
+#include "cycle/motivi.h"
+#include "cycle/voce.h"
 #include "mainwindow/anteprima.h"
 #include "mainwindow/attributi.h"
 #include "mainwindow/configurazione.h"
 #include "mainwindow/informazioni.h"
 #include "mainwindow/rtf.h"
 #include "mainwindow/scansione.h"
-#include "mainwindow/voce.h"
 #include "support/cp1252.h"
 #include "support/frmsplash.h"
 #include "support/stringhe.h"
@@ -130,6 +131,18 @@ QIcon IconaWizard() {
         icona.addPixmap(immagine);
     }
     return icona;
+}
+
+// 1-based position (in characters) of the first character Windows-1252 cannot hold.
+std::size_t PrimoNon1252(const QString& testo) {
+    std::size_t posizione = 0;
+    for (qsizetype i = 0; i < testo.size(); ++i) {
+        if (testo.at(i).isLowSurrogate()) continue;
+        ++posizione;
+        const qsizetype n = testo.at(i).isHighSurrogate() && i + 1 < testo.size() ? 2 : 1;
+        if (!AWindows1252(QStringView(testo).mid(i, n))) return posizione;
+    }
+    return posizione;
 }
 
 void MessaggioModale(QWidget* genitore, QMessageBox::Icon icona, const QString& titolo, const QString& testo,
@@ -620,6 +633,7 @@ bool frmPrincipale::GeneraAnteprima(bool SoloVerifica) {
     // The check also encodes: a content that validates but makes the engine
     // fail (a bad escape, a check sum overflow) is refused here too, so that an
     // option change stays silent and only Enter reports it.
+    // A refusal says why in the box's additional text.
     QString dettaglio;
     try {
         if (contenuto) {
@@ -631,6 +645,10 @@ bool frmPrincipale::GeneraAnteprima(bool SoloVerifica) {
                 }
                 return true;
             }
+            dettaglio = QString::fromStdString(TestoRifiuto(generazione.rifiuto, voce->codice, OffsetLingua()));
+        } else {
+            const Rifiuto rifiuto = Rifiuto::InCarattere(PrimoNon1252(testo), 0);
+            dettaglio = QString::fromStdString(TestoRifiuto(rifiuto, voce->codice, OffsetLingua()));
         }
     } catch (const EscapeNonValido&) {
         dettaglio = Dettaglio(IdStringa::DettaglioEscape);

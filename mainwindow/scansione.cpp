@@ -32,28 +32,6 @@ constexpr int IdNessunLettore = 975;
 constexpr int IdLettoDiverso = 976;   // %1 format, %2 data read, %3 data expected
 constexpr int IdNonLetto93 = 977;
 
-struct FormatoCodice {
-    std::string_view codice;
-    FormatoLettore formato;
-};
-
-constexpr std::array<FormatoCodice, 14> FormatiCodice{{
-    {"C39", FormatoLettore::Code39},
-    {"C39FULL", FormatoLettore::Code39},
-    {"C93", FormatoLettore::Code93},
-    {"C93FULL", FormatoLettore::Code93},
-    {"C128", FormatoLettore::Code128},
-    {"E128", FormatoLettore::Code128},
-    {"EAN8", FormatoLettore::EAN8},
-    {"EAN13", FormatoLettore::EAN13},
-    {"ISBN", FormatoLettore::EAN13},
-    {"ISBN13", FormatoLettore::EAN13},
-    {"UPCA", FormatoLettore::UPCA},
-    {"UPCE", FormatoLettore::UPCE},
-    {"C25", FormatoLettore::ITF},
-    {"ITF", FormatoLettore::ITF},
-}};
-
 struct FormatoZXing {
     FormatoLettore formato;
     ZXing::BarcodeFormat zxing;
@@ -126,10 +104,8 @@ std::string LetturaCode128(std::string_view contenuto) {
 }  // namespace
 
 FormatoLettore FormatoPerCodice(std::string_view codice) {
-    if (codice == "CBAR") return FormatoLettore::Codabar;
-    for (const FormatoCodice& f : FormatiCodice)
-        if (f.codice == codice) return f.formato;
-    return FormatoLettore::Nessuno;
+    const DescrittoreSimbologia* d = DescrittorePerCodice(codice);
+    return d != nullptr ? d->lettore : FormatoLettore::Nessuno;
 }
 
 std::string NomeFormato(FormatoLettore formato) {
@@ -146,33 +122,32 @@ AttesaScansione AttesaPerVoce(const VoceCatalogo& voce, const GenerazioneVoce& g
     std::string dati = generazione.parti.principale;
     std::string glifi;
     CodificaBarcode(dati, voce.codice, generazione.check, glifi);
-    const std::string_view codice = voce.codice;
-
-    if (codice == "C39") {
-        attesa.testo = SpaziPerTrattini(dati);
-    } else if (codice == "C39FULL") {
-        attesa.asciiEsteso = true;
-        attesa.testo = dati;
-        // The check character is a native one, drawn before the stop character.
-        if (generazione.check && glifi.size() >= 2) attesa.testo += SpaziPerTrattini(glifi.substr(glifi.size() - 2, 1));
-    } else if (codice == "C93" || codice == "C93FULL") {
-        attesa.senzaCheck93 = !generazione.check;
-        if (codice == "C93") {
+    switch (voce.simbologia) {
+        case TipoSimbologia::Code39: attesa.testo = SpaziPerTrattini(dati); break;
+        case TipoSimbologia::Code39Full:
+            attesa.asciiEsteso = true;
+            attesa.testo = dati;
+            // The check character is a native one, drawn before the stop character.
+            if (generazione.check && glifi.size() >= 2)
+                attesa.testo += SpaziPerTrattini(glifi.substr(glifi.size() - 2, 1));
+            break;
+        case TipoSimbologia::Code93:
             if (generazione.check && dati.size() >= 2) dati.resize(dati.size() - 2);
             dati = SpaziPerTrattini(dati);
-        }
-        attesa.testo = dati;
-    } else if (codice == "C128" || codice == "E128") {
-        attesa.testo = LetturaCode128(codice == "E128" ? "\x81" + dati : dati);
-    } else if (codice == "CBAR") {
-        for (std::size_t i = 0; i < dati.size(); ++i)
-            attesa.testo += (i == 0 || i + 1 == dati.size()) ? LetturaCodabar(dati[i]) : dati[i];
-    } else if (codice == "ISBN") {
-        attesa.testo = CalcolaCheckEAN("978" + dati.substr(0, 9));
-    } else if (codice == "ISBN13") {
-        attesa.testo = CalcolaCheckEAN(dati.substr(0, 12));
-    } else {
-        attesa.testo = dati;
+            [[fallthrough]];
+        case TipoSimbologia::Code93Full:
+            attesa.senzaCheck93 = !generazione.check;
+            attesa.testo = dati;
+            break;
+        case TipoSimbologia::Code128: attesa.testo = LetturaCode128(dati); break;
+        case TipoSimbologia::Ean128: attesa.testo = LetturaCode128("\x81" + dati); break;
+        case TipoSimbologia::Codabar:
+            for (std::size_t i = 0; i < dati.size(); ++i)
+                attesa.testo += (i == 0 || i + 1 == dati.size()) ? LetturaCodabar(dati[i]) : dati[i];
+            break;
+        case TipoSimbologia::Isbn10: attesa.testo = CalcolaCheckEAN("978" + dati.substr(0, 9)); break;
+        case TipoSimbologia::Isbn13: attesa.testo = CalcolaCheckEAN(dati.substr(0, 12)); break;
+        default: attesa.testo = dati;
     }
 
     if (!generazione.parti.addOn.empty()) {

@@ -13,16 +13,14 @@
 #include <QObject>
 #include <QString>
 
-#include "mainwindow/voce.h"
+#include "barcodes/simbologie.h"
+#include "cycle/voce.h"
 
 class QLabel;
 class QTextDocument;
 class QWidget;
 
 namespace krt {
-
-// Symbologies the reader knows; Nessuno: no reader for the entry.
-enum class FormatoLettore { Nessuno, Code39, Code93, Code128, EAN8, EAN13, UPCA, UPCE, ITF, Codabar };
 
 // What a reader should report for one generate cycle.
 struct AttesaScansione {

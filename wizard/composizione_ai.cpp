@@ -3,7 +3,7 @@
 #include <optional>
 
 #include "barcodes/validazione.h"
-#include "support/formatta.h"
+#include "text/formatta.h"
 #include "wizard/catalogo_ai.h"
 #include "wizard/validazione_ai.h"
 

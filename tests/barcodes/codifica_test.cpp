@@ -34,7 +34,7 @@ TEST(Codifica, DispatchByCode) {
         {"C25INV", true, "ABC", "*ABC0#"},
         {"C25COMP", false, "x", "*x#"},
         {"C11", true, "12345678901", "*123456789014-#"},
-        {"C11", false, "", "*#"},
+        {"C11", false, "", ""},
         {"CMSI", true, "1234", "*123447#"},
         {"EAN13", true, "400638133393", "4|AaGDib!pppvpn|"},
         {"EAN13", false, "4006381333931", "4|AaGDib!pppvpn|"},

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "barcodes/codifica.h"
 #include "barcodes/validazione.h"
 
 namespace {
@@ -19,8 +20,6 @@ TEST(Validazione, AcceptsAndNormalises) {
         {"EAN13", true, "123", true, "000000000123"},
         {"EAN13", true, "1234567890123", false, ""},
         {"EAN13", false, "1234567890123", true, "1234567890123"},
-        {"EAN8", true, "", true, "0000000"},
-        {"EAN8", false, "", true, "00000000"},
         {"UPCA", true, "1", true, "00000000001"},
         {"UPCE", true, "123456", true, "0123456"},
         {"UPCE", true, "2345678", false, ""},  // number system 2
@@ -43,13 +42,12 @@ TEST(Validazione, AcceptsAndNormalises) {
         {"C25", true, "1234", true, "01234"},
         {"C25", true, "123", true, "123"},
         {"C25", false, "123", true, "0123"},
-        {"C25", true, "", true, "0"},
         {"C25", true, "12a", false, ""},
         {"ITF", true, "1", true, "0000000000001"},
         {"ITF", false, "123", true, "00000000000123"},
         {"CIND25", false, "007", true, "007"},
         {"CBCD", true, "1-2", false, ""},
-        {"C11", true, "", true, ""},
+        {"C11", true, "", false, ""},
         {"C11", true, "12-34", true, "12-34"},
         {"C11", true, "12 34", false, ""},
         {"CMSI", true, "1234567890123", true, "1234567890123"},
@@ -116,3 +114,44 @@ TEST(Validazione, Helpers) {
 }
 
 }  // namespace
+
+// Why a content is refused: the kind, and where it tells them the position or the lengths.
+TEST(Validazione, ReasonOfTheRefusal) {
+    using M = krt::MotivoRifiuto;
+    const struct {
+        const char* codice;
+        bool check;
+        std::string contenuto;
+        M motivo;
+        std::size_t posizione = 0;  // Carattere
+        char carattere = 0;
+        unsigned minimo = 0, massimo = 0;  // Lunghezza (massimo 0: no longest)
+    } casi[] = {
+        {"C39", false, "", M::Vuoto},
+        {"EAN13", true, "12345678901234", M::Lunghezza, 0, 0, 1, 12},
+        {"EAN13", false, "12345678901234", M::Lunghezza, 0, 0, 1, 13},
+        {"POSTNET", true, "1234567890123", M::Lunghezza, 0, 0, 1, 11},
+        {"CBAR", false, "A1", M::Lunghezza, 0, 0, 3, 0},
+        {"EAN13", true, "12a4", M::Carattere, 3, 'a'},
+        {"C39", false, "ab!", M::Carattere, 3, '!'},
+        {"CBAR", false, "A1x2B", M::Carattere, 3, 'x'},
+        {"C128", false, "AB\xC8", M::Carattere, 3, '\xC8'},
+        {"E128", false, "A\\d200B", M::Carattere, 2, '\xC8'},
+        {"C39FULL", false, "x\xE9", M::Carattere, 2, '\xE9'},
+        {"CBAR", false, "A12", M::Struttura},
+        {"UPCE", true, "2345678", M::Struttura},
+        {"CIP", true, "000003", M::Intervallo},
+        {"C39", false, "abc", M::Nessuno},
+    };
+    for (const auto& c : casi) {
+        SCOPED_TRACE(std::string(c.codice) + (c.check ? " +check \"" : " \"") + c.contenuto + "\"");
+        std::string contenuto = c.contenuto, glifi;
+        const krt::Rifiuto r = krt::CodificaBarcode(contenuto, c.codice, c.check, glifi);
+        EXPECT_EQ(r.motivo, c.motivo);
+        EXPECT_EQ(glifi.empty(), c.motivo != M::Nessuno);
+        EXPECT_EQ(r.posizione, c.posizione);
+        EXPECT_EQ(r.carattere, c.carattere);
+        EXPECT_EQ(r.minimo, c.minimo);
+        EXPECT_EQ(r.massimo, c.massimo);
+    }
+}

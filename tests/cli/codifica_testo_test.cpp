@@ -1,5 +1,5 @@
 // Windows-1252 <-> UTF-8 and JSON strings of krt-encode.
-#include "cli/codifica_testo.h"
+#include "text/codifica_testo.h"
 
 #include <gtest/gtest.h>
 

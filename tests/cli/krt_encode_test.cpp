@@ -93,9 +93,10 @@ TEST(KrtEncode, Contratto) {
          "124 42 69 87 89 85 74 86 35 13 10 65 49 50 51 52 53 54 55 56 56\n", 0, ""},
         // display names: the main window's rules
         {{"--hrc", "-c", "Codice 32", "12345678"}, "", "|*EWYUJV#\nA123456788\n", 0, ""},
-        {{"Code 39", ""}, "", "\n", 1, "empty content"},
+        {{"Code 39", ""}, "", "\n", 1, "The content is empty."},
         // batch: one result per line, in order; refusals leave an empty line and go on
-        {{"C39"}, "abc\nx y\n\nab\r\ncd", "#ABC#\n\n##\n#AB#\n#CD#\n", 1, "line 2: content not allowed for C39"},
+        {{"C39"}, "abc\nx y\n\nab\r\ncd", "#ABC#\n\n\n#AB#\n#CD#\n", 1,
+         "line 2: The character \" \" at position 2 cannot be encoded in this symbology.\nkrt-encode: line 3: The content is empty."},
         {{"--output=codes", "C39"}, "", "", 0, ""},
         // input encodings
         {{"--output=codes", "C128"}, "\xE2\x82\xAC\n", "137 134 97 57 139\n", 0, ""},  // euro sign is NUL
@@ -103,10 +104,10 @@ TEST(KrtEncode, Contratto) {
         {{"C128"}, "\xC4\x81\nA\xFF\n", "\n\n", 1, "line 1: character U+0101 has no Windows-1252 code"},
         {{"C128"}, "A\xFF\n", "\n", 1, "line 1: malformed UTF-8"},
         // engine faults are reported like refusals
-        {{"C128"}, "ab\\qc\n1\n", "\n\xE2\x80\xB0" "23\xE2\x80\xB9\n", 1, "line 1: invalid escape sequence"},
-        {{"C39"}, std::string(20000, 'A') + "\nA\n", "\n#A#\n", 1, "line 1: content longer than 4096"},
+        {{"C128"}, "ab\\qc\n1\n", "\n\xE2\x80\xB0" "23\xE2\x80\xB9\n", 1, "line 1: The content holds an invalid escape sequence"},
+        {{"C39"}, std::string(20000, 'A') + "\nA\n", "\n#A#\n", 1, "line 1: The content is too long: 4096 characters at most."},
         {{"C39"}, IngressoACavallo, Ripeti("#12345678#\n", 6553) + "#ABCDE#\n\n#Z#\n", 1,
-         "line 6555: content longer than 4096"},
+         "line 6555: The content is too long: 4096"},
         // usage errors
         {{}, "", "", 2, "missing SYMBOLOGY"},
         {{"XYZ", "1"}, "", "", 2, "unknown symbology \"XYZ\""},
@@ -131,15 +132,44 @@ TEST(KrtEncode, Json) {
     EXPECT_EQ(e.stato, 1);
     EXPECT_EQ(e.uscita,
               "{\"content\":\"abc\",\"code\":\"C39\",\"family\":\"ORB39 Short\",\"glyphs\":\"#ABC#\","
-              "\"codes\":[35,65,66,67,35],\"hrc\":\"*ABC*\",\"error\":null}\n"
+              "\"codes\":[35,65,66,67,35],\"hrc\":\"*ABC*\",\"error\":null,\"reason\":null}\n"
               "{\"content\":\"\xC4\x81\",\"code\":\"C39\",\"family\":\"ORB39 Short\",\"glyphs\":\"\","
-              "\"codes\":[],\"hrc\":\"\",\"error\":\"character U+0101 has no Windows-1252 code\"}\n");
+              "\"codes\":[],\"hrc\":\"\",\"error\":\"character U+0101 has no Windows-1252 code\",\"reason\":"
+              "{\"kind\":\"character\",\"position\":1}}\n");
 
     const Esecuzione codice = Esegui({"--output=json", "c32hrc", "-c", "12345678"});
     EXPECT_EQ(codice.uscita,
               "{\"content\":\"12345678\",\"code\":\"C32HRC\",\"family\":\"ORB32\",\"glyphs\":\"|*EWYUJV#\\r\\n"
               "A123456788\",\"codes\":[124,42,69,87,89,85,74,86,35,13,10,65,49,50,51,52,53,54,55,56,56],"
-              "\"hrc\":null,\"error\":null}\n");
+              "\"hrc\":null,\"error\":null,\"reason\":null}\n");
+}
+
+// A display name written exactly wins over a code; then codes, then names, in any case.
+// The json reason names the kind of refusal, and the position over the content as typed.
+TEST(KrtEncode, SimbologiaEMotivo) {
+    const struct {
+        std::vector<std::string> argomenti;
+        std::string parte;  // part of the json line
+    } righe[] = {
+        {{"--hrc", "Plessey", "123"}, "\"code\":\"PLESSEY\",\"family\":\"ORBPLESSEY\""},
+        {{"--hrc", "Plessey", "123"}, "\"hrc\":\"123\""},
+        {{"--hrc", "Postnet", "12345"}, "\"hrc\":\"012345\""},
+        {{"--hrc", "PLESSEY", "123"}, "\"hrc\":null"},
+        {{"--hrc", "postnet", "12345"}, "\"hrc\":null"},
+        {{"--hrc", "code 39", "a"}, "\"hrc\":\"*A*\""},
+        {{"C39", ""}, "\"error\":\"The content is empty.\",\"reason\":{\"kind\":\"empty\"}"},
+        {{"EAN13", "12345678901234"}, "at most.\",\"reason\":{\"kind\":\"length\"}"},
+        {{"EAN 13 Add-on 2", "4006381333931x"}, "\"reason\":{\"kind\":\"character\",\"position\":14}"},
+        {{"-c", "UPCE", "2345678"}, "\"reason\":{\"kind\":\"structure\"}"},
+        {{"C128", "ab\\qc"}, "\"reason\":{\"kind\":\"escape\"}"},
+    };
+    for (const auto& r : righe) {
+        std::vector<std::string> argomenti{"--output=json"};
+        argomenti.insert(argomenti.end(), r.argomenti.begin(), r.argomenti.end());
+        SCOPED_TRACE("krt-encode" + Comando(argomenti));
+        const Esecuzione e = Esegui(argomenti);
+        EXPECT_NE(e.uscita.find(r.parte), std::string::npos) << e.uscita;
+    }
 }
 
 TEST(KrtEncode, NomeConAddOnEIsbn) {

@@ -1,11 +1,12 @@
 // Entry lookup, check flag, add-on split, HRC text and the whole cycle on one entry.
-#include "mainwindow/voce.h"
+#include "cycle/voce.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 
 #include "barcodes/errori.h"
+#include "cycle/motivi.h"
 
 namespace krt {
 namespace {
@@ -190,6 +191,37 @@ TEST(Voce, CicloCompleto) {
 
 TEST(Voce, GuastiDelMotoreArrivanoAlChiamante) {
     EXPECT_THROW(GeneraVoce(Voce(424), "ab\\qc", OpzioniVoce{}), EscapeNonValido);
+    try {
+        GeneraVoce(Voce(424), "ab\\qc", OpzioniVoce{});
+    } catch (const std::exception& e) {
+        EXPECT_EQ(RifiutoDaGuasto(e).motivo, MotivoRifiuto::Escape);
+    }
+}
+
+// The reason as the user reads it, in both languages; an add-on's position counts from the
+// start of the whole content.
+TEST(Voce, MotivoDelRifiuto) {
+    const struct {
+        int id;
+        const char* contenuto;
+        int offsetLingua;
+        const char* testo;
+    } righe[] = {
+        {415, "", 0, "The content is empty."},
+        {415, "", 1000, "Il contenuto è vuoto."},
+        {415, "12345678901234", 0, "The content is too long: 13 characters at most."},
+        {415, "12345678901234", 1000, "Il contenuto è troppo lungo: al massimo 13 caratteri."},
+        {416, "40063813339311x", 1000,
+         "Il carattere \"x\" in posizione 15 non può essere codificato in questa simbologia."},
+        {400, "A\tB", 0, "The character \\t at position 2 cannot be encoded in this symbology."},
+        {421, "23456789", 0, "The UPC-E number system (the first digit) must be 0 or 1."},
+        {427, "0000030", 1000, "Questo numero non ha un carattere di controllo CIP (il resto pesato è 10)."},
+    };
+    for (const auto& r : righe) {
+        SCOPED_TRACE("entry " + std::to_string(r.id) + " content \"" + r.contenuto + "\"");
+        const GenerazioneVoce g = GeneraVoce(Voce(r.id), r.contenuto, OpzioniVoce{});
+        EXPECT_EQ(TestoRifiuto(g.rifiuto, Voce(r.id).codice, r.offsetLingua), r.testo);
+    }
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
 // Windows-1252 <-> UTF-8 (see codifica_testo.h).
-#include "cli/codifica_testo.h"
+#include "text/codifica_testo.h"
 
 #include <array>
 #include <cstdint>

@@ -1,4 +1,4 @@
-#include "support/formatta.h"
+#include "text/formatta.h"
 
 #include "barcodes/validazione.h"
 

@@ -1,4 +1,4 @@
-// Windows-1252 <-> UTF-8 for the command line: the engine speaks Windows-1252 bytes,
+// Windows-1252 <-> UTF-8 without Qt: the engine speaks Windows-1252 bytes,
 // terminals and pipes speak UTF-8.
 #pragma once
 #include <string>

@@ -15,6 +15,7 @@
 #include <string_view>
 
 #include "barcodes/catalogo.h"
+#include "barcodes/rifiuto.h"
 
 namespace krt {
 
@@ -72,7 +73,10 @@ ParteVoce DividiAddOn(const VoceCatalogo& voce, std::string_view contenuto, bool
 // Validation of the cycle (the window's check-only mode): empty content is refused; an
 // add-on entry needs its main part accepted with the main code and the check flag and its
 // add-on accepted with "ADD2"/"ADD5" and the check forced on. On success parti holds the
-// normalised parts (zero padded, upper-cased) that encoding and HRC use.
+// normalised parts (zero padded, upper-cased) that encoding and HRC use. A missing add-on
+// is all zeros. The refusal's position counts over the whole content as typed.
+Rifiuto VerificaVoce(const VoceCatalogo& voce, std::string_view contenuto, bool checkDigit, ParteVoce& parti);
+// True when VerificaVoce accepts.
 bool ValidaVoce(const VoceCatalogo& voce, std::string_view contenuto, bool checkDigit, ParteVoce& parti);
 
 // CalcolaHRC of the window: the content, completed by the entry's check routine when
@@ -91,7 +95,8 @@ std::string TestoHRCVoce(const VoceCatalogo& voce, std::string_view contenuto, c
 
 // What the window draws for one cycle.
 struct GenerazioneVoce {
-    bool accettato = false;  // false: empty or refused content; the rest is empty
+    bool accettato = false;  // false: empty or refused content; the rest is empty but rifiuto
+    Rifiuto rifiuto;         // why accettato is false
     bool check = false;      // check flag used
     std::string codice;      // code of the main part ("C32HRC" for Code 32 with HRC)
     ParteVoce parti;         // normalised main and add-on parts
