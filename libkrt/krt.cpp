@@ -2,6 +2,7 @@
 // encodings, and the one place where the engine's exceptions become statuses.
 #include "krt/krt.h"
 
+#include <algorithm>
 #include <cstring>
 #include <exception>
 #include <new>
@@ -14,8 +15,9 @@
 #include "barcodes/codifica.h"
 #include "barcodes/errori.h"
 #include "barcodes/isbn.h"
-#include "cli/codifica_testo.h"
-#include "mainwindow/voce.h"
+#include "cycle/motivi.h"
+#include "cycle/voce.h"
+#include "text/codifica_testo.h"
 #include "wizard/composizione_ai.h"
 #include "wizard/validazione_ai.h"
 
@@ -89,12 +91,17 @@ std::string InUscita(std::string_view byte, unsigned flags) {
     return utf8;
 }
 
+bool Italiano(unsigned flags) { return (flags & KRT_ITALIAN) != 0; }
+
+// A reason whose text is given in UTF-8 (the texts of the string table are).
 void ScriviMotivo(krt_reason& motivo, int tipo, std::size_t posizione, unsigned char carattere,
-                  std::string_view testo, unsigned flags) {
+                  std::string_view utf8, unsigned flags) {
     motivo.kind = tipo;
     motivo.position = posizione;
     motivo.character = carattere;
-    const std::string t = InUscita(testo, flags);
+    std::string t;
+    std::string errore;
+    if ((flags & KRT_UTF8) != 0 || !Utf8InCp1252(utf8, t, errore)) t.assign(utf8);
     std::size_t n = std::min(t.size(), sizeof motivo.text - 1);
     // A text cut short ends on a whole character.
     if (n < t.size() && (flags & KRT_UTF8) != 0)
@@ -103,9 +110,25 @@ void ScriviMotivo(krt_reason& motivo, int tipo, std::size_t posizione, unsigned 
     motivo.text[n] = '\0';
 }
 
-// Content in Windows-1252 into uscita. KRT_OK, KRT_INVALID_ARGUMENT for malformed UTF-8, or
-// KRT_REFUSED (reason filled) for a character without a Windows-1252 code.
-int InIngresso(std::string_view testo, unsigned flags, std::string& uscita, krt_reason* motivo) {
+std::string InMaiuscolo(std::string_view codice) {
+    std::string m(codice);
+    for (char& c : m)
+        if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
+    return m;
+}
+
+// The engine's reason for a code, with its text in the language of the flags.
+void ScriviRifiuto(krt_reason& motivo, const Rifiuto& rifiuto, std::string_view codice, unsigned flags) {
+    ScriviMotivo(motivo, static_cast<int>(rifiuto.motivo), rifiuto.posizione,
+                 static_cast<unsigned char>(rifiuto.carattere),
+                 TestoRifiuto(rifiuto, InMaiuscolo(codice), Italiano(flags) ? 1000 : 0), flags);
+    motivo.minimum = rifiuto.minimo;
+    motivo.maximum = rifiuto.massimo;
+}
+
+// Content in Windows-1252 into uscita: KRT_OK, KRT_INVALID_ARGUMENT for malformed UTF-8, or
+// KRT_REFUSED (*rifiuto set) for a character without a Windows-1252 code.
+int InIngresso(std::string_view testo, unsigned flags, std::string& uscita, Rifiuto& rifiuto) {
     if ((flags & KRT_UTF8) == 0) {
         uscita.assign(testo);
         return KRT_OK;
@@ -113,48 +136,33 @@ int InIngresso(std::string_view testo, unsigned flags, std::string& uscita, krt_
     std::string& errore = spazio.errore;
     if (Utf8InCp1252(testo, uscita, errore)) return KRT_OK;
     if (errore.rfind("malformed", 0) == 0) return KRT_INVALID_ARGUMENT;
-    if (motivo != nullptr) ScriviMotivo(*motivo, KRT_REASON_CHARACTER, uscita.size() + 1, 0, errore, 0);
+    // The characters converted before the one that failed give its position.
+    rifiuto = Rifiuto::InCarattere(uscita.size() + 1, 0);
     return KRT_REFUSED;
 }
 
-bool Italiano(unsigned flags) { return (flags & KRT_ITALIAN) != 0; }
+bool CodiceNoto(std::string_view codice) { return TrovaVocePerCodice(codice) != nullptr; }
 
-void MotivoLunghezzaMassima(krt_reason& motivo, unsigned flags) {
-    const std::string n = std::to_string(LunghezzaMassima);
-    ScriviMotivo(motivo, KRT_REASON_LENGTH, 0, 0,
-                 Italiano(flags) ? "contenuto pi\xF9 lungo di " + n + " caratteri"
-                                 : "content longer than " + n + " characters",
-                 flags);
-}
-
-// The reason of a content that the code refuses.
-void MotivoContenuto(std::string_view codice, std::string_view contenuto, unsigned flags, krt_reason& motivo) {
-    if (contenuto.empty()) {
-        ScriviMotivo(motivo, KRT_REASON_EMPTY, 0, 0, Italiano(flags) ? "contenuto vuoto" : "empty content", flags);
-        return;
-    }
-    std::string codiceMaiuscolo;
-    for (const char c : codice) codiceMaiuscolo += (c >= 'a' && c <= 'z') ? static_cast<char>(c - 32) : c;
-    ScriviMotivo(motivo, KRT_REASON_STRUCTURE, 0, 0,
-                 (Italiano(flags) ? "contenuto non ammesso per " : "content not allowed for ") + codiceMaiuscolo,
-                 flags);
-}
-
+// krt_encode into spazio.glifi; the reason, when asked, for refusals and faults.
 int Codifica(const char* symbology, const char* content, std::size_t length, unsigned flags, krt_reason* motivo) {
     Spazio& s = spazio;
-    const int stato = InIngresso(Contenuto(content, length), flags, s.contenuto, motivo);
-    if (stato != KRT_OK) return stato;
     const std::string_view codice(symbology);
-    if (s.contenuto.size() > LunghezzaMassima) {
-        if (TrovaVocePerCodice(codice) == nullptr) return KRT_UNKNOWN_SYMBOLOGY;
-        if (motivo != nullptr) MotivoLunghezzaMassima(*motivo, flags);
-        return KRT_REFUSED;
+    Rifiuto rifiuto;
+    const int stato = InIngresso(Contenuto(content, length), flags, s.contenuto, rifiuto);
+    if (stato == KRT_OK && s.contenuto.size() > LunghezzaMassima)
+        rifiuto = Rifiuto::DiLunghezza(1, LunghezzaMassima);
+    if (stato == KRT_OK && !rifiuto) {
+        try {
+            rifiuto = CodificaBarcode(s.contenuto, codice, (flags & KRT_CHECK) != 0, s.glifi);
+        } catch (const std::exception& guasto) {
+            if (motivo != nullptr && RifiutoDaGuasto(guasto)) ScriviRifiuto(*motivo, RifiutoDaGuasto(guasto), codice, flags);
+            throw;
+        }
+        if (!rifiuto) return s.glifi.empty() ? KRT_UNKNOWN_SYMBOLOGY : KRT_OK;
     }
-    const std::string copia = motivo != nullptr ? s.contenuto : std::string();
-    CodificaBarcode(s.contenuto, codice, (flags & KRT_CHECK) != 0, s.glifi);
-    if (!s.glifi.empty()) return KRT_OK;
-    if (TrovaVocePerCodice(codice) == nullptr) return KRT_UNKNOWN_SYMBOLOGY;
-    if (motivo != nullptr) MotivoContenuto(codice, copia, flags, *motivo);
+    if (stato == KRT_INVALID_ARGUMENT) return stato;
+    if (!CodiceNoto(codice)) return KRT_UNKNOWN_SYMBOLOGY;
+    if (motivo != nullptr) ScriviRifiuto(*motivo, rifiuto, codice, flags);
     return KRT_REFUSED;
 }
 
@@ -173,39 +181,59 @@ void RiempiVoce(krt_result& r, const GenerazioneVoce& g, std::string_view conten
     r.testi[KRT_FIELD_CONTENT] = InUscita(contenuto, flags);
 }
 
-void Rifiuta(krt_result& r) {
-    r.stato = KRT_REFUSED;
+// A refused result: no texts but the code and the reason's.
+int Rifiuta(krt_result& r, int stato = KRT_REFUSED) {
+    const std::string codice = std::move(r.testi[KRT_FIELD_CODE]);
     for (auto& t : r.testi) t.clear();
+    r.testi[KRT_FIELD_CODE] = codice;
     r.testi[KRT_FIELD_REASON] = r.motivo.text;
+    r.stato = stato;
+    return stato;
+}
+
+int StatoDaGuasto(const Rifiuto& guasto) {
+    switch (guasto.motivo) {
+        case MotivoRifiuto::Escape: return KRT_BAD_ESCAPE;
+        case MotivoRifiuto::Overflow: return KRT_CHECKSUM_OVERFLOW;
+        case MotivoRifiuto::Intervallo: return KRT_OUT_OF_RANGE;
+        default: return KRT_INTERNAL_ERROR;
+    }
 }
 
 // The cycle of an entry on a content already in Windows-1252; the caller owns r.
 int GeneraRisultato(const VoceCatalogo& voce, const std::string& contenuto, unsigned flags, const char* style,
                     std::string_view testoHRC, krt_result& r) {
     std::string stile = "Normal";
-    if (style != nullptr) {
-        const int stato = InIngresso(style, flags & KRT_UTF8, stile, nullptr);
-        if (stato != KRT_OK) return KRT_INVALID_ARGUMENT;
-    }
+    Rifiuto rifiuto;
+    if (style != nullptr && InIngresso(style, flags & KRT_UTF8, stile, rifiuto) != KRT_OK)
+        return KRT_INVALID_ARGUMENT;
     r.testi[KRT_FIELD_CODE] = std::string(voce.codice);
     if (contenuto.size() > LunghezzaMassima) {
-        MotivoLunghezzaMassima(r.motivo, flags);
-        Rifiuta(r);
-        return KRT_REFUSED;
+        ScriviRifiuto(r.motivo, Rifiuto::DiLunghezza(1, LunghezzaMassima), voce.codice, flags);
+        return Rifiuta(r);
     }
     const OpzioniVoce opzioni{(flags & KRT_CHECK) != 0, (flags & KRT_HRC) != 0, (flags & KRT_CHECK_IN_HRC) != 0,
                               stile, testoHRC};
-    const GenerazioneVoce g = GeneraVoce(voce, contenuto, opzioni);
+    GenerazioneVoce g;
+    try {
+        g = GeneraVoce(voce, contenuto, opzioni);
+    } catch (const std::exception& guasto) {
+        // A fault of the engine: its status, and the reason it stands for.
+        const Rifiuto comeRifiuto = RifiutoDaGuasto(guasto);
+        if (!comeRifiuto) throw;
+        ScriviRifiuto(r.motivo, comeRifiuto, voce.codice, flags);
+        return Rifiuta(r, StatoDaGuasto(comeRifiuto));
+    }
     if (!g.accettato) {
-        MotivoContenuto(voce.codice, contenuto, flags, r.motivo);
-        Rifiuta(r);
-        return KRT_REFUSED;
+        ScriviRifiuto(r.motivo, g.rifiuto ? g.rifiuto : Rifiuto::Di(MotivoRifiuto::Struttura), voce.codice, flags);
+        return Rifiuta(r);
     }
     RiempiVoce(r, g, contenuto, flags);
     return KRT_OK;
 }
 
-// Runs a body that fills a new result; *result gets it for KRT_OK and KRT_REFUSED.
+// Runs a body that fills a new result; *result gets it for every status but
+// KRT_UNKNOWN_SYMBOLOGY, KRT_INVALID_ARGUMENT and the library's own failures.
 template <class Corpo>
 int ConRisultato(krt_result** result, Corpo&& corpo) noexcept {
     if (result == nullptr) return KRT_INVALID_ARGUMENT;
@@ -213,7 +241,8 @@ int ConRisultato(krt_result** result, Corpo&& corpo) noexcept {
     krt_result* r = NuovoRisultato();
     if (r == nullptr) return KRT_OUT_OF_MEMORY;
     const int stato = AlConfine([&] { return corpo(*r); });
-    if (stato == KRT_OK || stato == KRT_REFUSED) {
+    if (stato == KRT_OK || stato == KRT_REFUSED || stato == KRT_BAD_ESCAPE || stato == KRT_CHECKSUM_OVERFLOW ||
+        stato == KRT_OUT_OF_RANGE) {
         *result = r;
     } else {
         delete r;
@@ -230,9 +259,8 @@ int CodificaGS1(const EsitoRigheAI& esito, std::size_t posizione, unsigned flags
         if (esito.idMessaggio == MessaggioLunghezzaErrata) tipo = KRT_REASON_LENGTH;
         if (esito.idMessaggio == MessaggioCodiceVuoto) tipo = KRT_REASON_EMPTY;
         ScriviMotivo(r.motivo, tipo, posizione, 0, esito.errore, flags);
-        Rifiuta(r);
         r.testi[KRT_FIELD_CODE] = "E128";
-        return KRT_REFUSED;
+        return Rifiuta(r);
     }
     const CodiceComposto codice = ComponiCodiceAI(esito.righe);
     const int stato = GeneraRisultato(*voce, codice.contenuto, flags, style, codice.hrc, r);
@@ -327,8 +355,13 @@ int KRT_CALL krt_entry_encode(const char* name, const char* content, size_t leng
         if (voce == nullptr) voce = TrovaVocePerCodice(name);
         if (voce == nullptr) return KRT_UNKNOWN_SYMBOLOGY;
         std::string contenuto;
-        const int stato = InIngresso(Contenuto(content, length), flags, contenuto, &r.motivo);
-        if (stato == KRT_REFUSED) Rifiuta(r);
+        Rifiuto rifiuto;
+        const int stato = InIngresso(Contenuto(content, length), flags, contenuto, rifiuto);
+        if (stato == KRT_REFUSED) {
+            r.testi[KRT_FIELD_CODE] = std::string(voce->codice);
+            ScriviRifiuto(r.motivo, rifiuto, voce->codice, flags);
+            return Rifiuta(r);
+        }
         if (stato != KRT_OK) return stato;
         return GeneraRisultato(*voce, contenuto, flags, style, {}, r);
     });
@@ -351,10 +384,13 @@ int KRT_CALL krt_gs1_encode(const char* const* ais, const char* const* values, s
         coppie.reserve(count);
         for (size_t i = 0; i < count; ++i) {
             std::string valore;
-            const int stato = InIngresso(values[i], flags, valore, &r.motivo);
+            Rifiuto rifiuto;
+            const int stato = InIngresso(values[i], flags, valore, rifiuto);
             if (stato == KRT_REFUSED) {
+                ScriviRifiuto(r.motivo, rifiuto, "E128", flags);
                 r.motivo.position = i + 1;
-                Rifiuta(r);
+                r.testi[KRT_FIELD_CODE] = "E128";
+                return Rifiuta(r);
             }
             if (stato != KRT_OK) return stato;
             coppie.emplace_back(ais[i], std::move(valore));
@@ -377,8 +413,13 @@ int KRT_CALL krt_gs1_encode_text(const char* text, size_t length, unsigned flags
     }
     return ConRisultato(result, [&](krt_result& r) -> int {
         std::string riga;
-        const int stato = InIngresso(Contenuto(text, length), flags, riga, &r.motivo);
-        if (stato == KRT_REFUSED) Rifiuta(r);
+        Rifiuto rifiuto;
+        const int stato = InIngresso(Contenuto(text, length), flags, riga, rifiuto);
+        if (stato == KRT_REFUSED) {
+            ScriviRifiuto(r.motivo, rifiuto, "E128", flags);
+            r.testi[KRT_FIELD_CODE] = "E128";
+            return Rifiuta(r);
+        }
         if (stato != KRT_OK) return stato;
         return CodificaGS1(LeggiRigaGS1(riga), 0, flags, style, r);
     });

@@ -33,7 +33,9 @@ const char* NomeMotivo(int tipo) {
                            std::move(indice));
     } else {
         classe = krt.attr("Error");
-        eccezione = classe(py::str(krt_strerror(stato)), stato);
+        std::string testo = krt_strerror(stato);
+        if (motivo != nullptr && motivo->text[0] != '\0') testo = testo + ": " + motivo->text;
+        eccezione = classe(py::str(testo), stato);
     }
     PyErr_SetObject(classe.ptr(), eccezione.ptr());
     throw py::error_already_set();
@@ -76,12 +78,9 @@ py::str Encode(const std::string& simbologia, const py::str& contenuto, bool che
     std::size_t n = 0;
     const int stato = Codifica(simbologia.c_str(), c, Flag(check), grande, p, n, piccolo);
     if (stato == KRT_OK) return Str(p, n);
-    if (stato == KRT_REFUSED) {
-        krt_reason motivo{};
-        krt_explain(simbologia.c_str(), c.data(), c.size(), Flag(check), &motivo);
-        Solleva(stato, &motivo);
-    }
-    Solleva(stato, nullptr);
+    krt_reason motivo{};
+    krt_explain(simbologia.c_str(), c.data(), c.size(), Flag(check), &motivo);
+    Solleva(stato, &motivo);
 }
 
 // A sequence of contents: "" for each content that is not encoded, or with strict the
@@ -108,7 +107,7 @@ py::list EncodeMany(const std::string& simbologia, const py::object& contenuti, 
         }
         if (stato == KRT_UNKNOWN_SYMBOLOGY || stato == KRT_INVALID_ARGUMENT || strict) {
             krt_reason motivo{};
-            if (stato == KRT_REFUSED) krt_explain(simbologia.c_str(), c.data(), c.size(), flag, &motivo);
+            krt_explain(simbologia.c_str(), c.data(), c.size(), flag, &motivo);
             Solleva(stato, &motivo, py::int_(i));
         }
         PyList_SET_ITEM(risultato.ptr(), i, vuota.inc_ref().ptr());

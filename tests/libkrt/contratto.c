@@ -30,21 +30,25 @@ struct caso {
     size_t lunghezza;
     unsigned flag;
     int stato;
+    int motivo;       /* reason kind krt_explain gives */
+    size_t posizione; /* and its position */
 };
 
 static const struct caso casi[] = {
-    {"EAN-13 with check", "EAN13", "978882030000", KRT_NUL_TERMINATED, KRT_CHECK, KRT_OK},
-    {"code in any case", "eAn13", "978882030000", KRT_NUL_TERMINATED, KRT_CHECK, KRT_OK},
-    {"length counts, not the NUL", "EAN13", "978882030000XYZ", 12, KRT_CHECK, KRT_OK},
-    {"UTF-8 of ASCII content", "C128", "KRT 2024", KRT_NUL_TERMINATED, KRT_UTF8, KRT_OK},
-    {"letter in EAN-13", "EAN13", "97888203000A", KRT_NUL_TERMINATED, KRT_CHECK, KRT_REFUSED},
-    {"unknown symbology", "EAN14", "1", KRT_NUL_TERMINATED, 0, KRT_UNKNOWN_SYMBOLOGY},
-    {"empty symbology", "", "1", KRT_NUL_TERMINATED, 0, KRT_UNKNOWN_SYMBOLOGY},
-    {"escape without a character", "C128", "\\q", KRT_NUL_TERMINATED, 0, KRT_BAD_ESCAPE},
-    {"malformed UTF-8", "C128", "A\xC3", KRT_NUL_TERMINATED, KRT_UTF8, KRT_INVALID_ARGUMENT},
-    {"character outside Windows-1252", "C128", "A\xE4\xB8\x80", KRT_NUL_TERMINATED, KRT_UTF8, KRT_REFUSED},
-    {"content beyond 4096 bytes", "C128", NULL, 5000, 0, KRT_REFUSED},
-    {"Code 128 check sum beyond its range", "C128", NULL, 400, 0, KRT_CHECKSUM_OVERFLOW},
+    {"EAN-13 with check", "EAN13", "978882030000", KRT_NUL_TERMINATED, KRT_CHECK, KRT_OK, KRT_REASON_NONE, 0},
+    {"code in any case", "eAn13", "978882030000", KRT_NUL_TERMINATED, KRT_CHECK, KRT_OK, KRT_REASON_NONE, 0},
+    {"length counts, not the NUL", "EAN13", "978882030000XYZ", 12, KRT_CHECK, KRT_OK, KRT_REASON_NONE, 0},
+    {"UTF-8 of ASCII content", "C128", "KRT 2024", KRT_NUL_TERMINATED, KRT_UTF8, KRT_OK, KRT_REASON_NONE, 0},
+    {"letter in EAN-13", "EAN13", "97888203000A", KRT_NUL_TERMINATED, KRT_CHECK, KRT_REFUSED, KRT_REASON_CHARACTER, 12},
+    {"empty content", "C39", "", 0, 0, KRT_REFUSED, KRT_REASON_EMPTY, 0},
+    {"unknown symbology", "EAN14", "1", KRT_NUL_TERMINATED, 0, KRT_UNKNOWN_SYMBOLOGY, KRT_REASON_NONE, 0},
+    {"empty symbology", "", "1", KRT_NUL_TERMINATED, 0, KRT_UNKNOWN_SYMBOLOGY, KRT_REASON_NONE, 0},
+    {"escape without a character", "C128", "\\q", KRT_NUL_TERMINATED, 0, KRT_BAD_ESCAPE, KRT_REASON_ESCAPE, 0},
+    {"malformed UTF-8", "C128", "A\xC3", KRT_NUL_TERMINATED, KRT_UTF8, KRT_INVALID_ARGUMENT, KRT_REASON_NONE, 0},
+    {"character outside Windows-1252, counted in characters", "C128", "\xC3\xA9\xE4\xB8\x80", KRT_NUL_TERMINATED,
+     KRT_UTF8, KRT_REFUSED, KRT_REASON_CHARACTER, 2},
+    {"content beyond 4096 bytes", "C128", NULL, 5000, 0, KRT_REFUSED, KRT_REASON_LENGTH, 0},
+    {"Code 128 check sum beyond its range", "C128", NULL, 400, 0, KRT_CHECKSUM_OVERFLOW, KRT_REASON_OVERFLOW, 0},
 };
 
 static char tilde[5001];
@@ -68,8 +72,9 @@ static void statuses(void) {
         krt_reason motivo;
         const int spiegato = krt_explain(c->simbologia, contenuto_di(c), c->lunghezza, c->flag, &motivo);
         VERIFICA(spiegato == stato, "%s: krt_explain says %d", c->nome, spiegato);
-        VERIFICA((spiegato == KRT_REFUSED) == (motivo.kind != KRT_REASON_NONE && motivo.text[0] != '\0'),
-                 "%s: reason kind %d text \"%s\"", c->nome, motivo.kind, motivo.text);
+        VERIFICA(motivo.kind == c->motivo && motivo.position == c->posizione &&
+                     (motivo.kind == KRT_REASON_NONE) == (motivo.text[0] == '\0'),
+                 "%s: reason kind %d at %zu, text \"%s\"", c->nome, motivo.kind, motivo.position, motivo.text);
     }
 }
 

@@ -80,15 +80,19 @@ enum { KRT_REASON_NONE = 0, KRT_REASON_EMPTY = 1, KRT_REASON_LENGTH = 2, KRT_REA
 
 typedef struct krt_reason {
     int kind;                /* KRT_REASON_* */
-    size_t position;         /* 1-based: the refused character of the content, or the refused
-                                AI/value pair of GS1-128; 0 when the reason has no place */
-    unsigned char character; /* the refused byte (Windows-1252) for KRT_REASON_CHARACTER */
+    size_t position;         /* 1-based: the refused character of the content as typed (a character,
+                                not a byte, with KRT_UTF8), or the refused AI/value pair of
+                                GS1-128; 0 when the reason has no place */
+    unsigned char character; /* the refused byte (Windows-1252) for KRT_REASON_CHARACTER; 0 for a
+                                character that Windows-1252 lacks */
+    size_t minimum, maximum; /* KRT_REASON_LENGTH: the lengths allowed (maximum 0: at least minimum) */
     char text[256];          /* one line, NUL-terminated, English (Italian with KRT_ITALIAN),
                                 UTF-8 with KRT_UTF8, else Windows-1252 */
 } krt_reason;
 
 /* The reason krt_encode refuses content (same arguments): KRT_OK and kind KRT_REASON_NONE when
- * the content is accepted, KRT_REFUSED with the reason filled, or the status of krt_encode. */
+ * the content is accepted, KRT_REFUSED with the reason filled, or the status of krt_encode
+ * (for KRT_BAD_ESCAPE, KRT_CHECKSUM_OVERFLOW and KRT_OUT_OF_RANGE with the reason too). */
 KRT_API int KRT_CALL krt_explain(const char *symbology, const char *content, size_t length, unsigned flags,
                                  krt_reason *reason);
 
@@ -109,8 +113,9 @@ enum { KRT_FIELD_GLYPHS = 0,  /* main glyphs followed by the add-on glyphs */
 /* The entry level: what the window draws for a display name (English or Italian, any case;
  * a symbology code names its entry too) with the options KRT_CHECK, KRT_HRC,
  * KRT_CHECK_IN_HRC and the font style ("Normal", "Bold"..., English or Italian; NULL is
- * "Normal"). Answers KRT_OK or KRT_REFUSED with *result set (free it with krt_result_free),
- * any other status with *result NULL. */
+ * "Normal"). Answers KRT_OK or KRT_REFUSED (and KRT_BAD_ESCAPE, KRT_CHECKSUM_OVERFLOW,
+ * KRT_OUT_OF_RANGE, with the reason) with *result set: free it with krt_result_free. Any
+ * other status leaves *result NULL. */
 KRT_API int KRT_CALL krt_entry_encode(const char *name, const char *content, size_t length, unsigned flags,
                                       const char *style, krt_result **result);
 
@@ -124,7 +129,7 @@ KRT_API int KRT_CALL krt_gs1_encode(const char *const *ais, const char *const *v
 KRT_API int KRT_CALL krt_gs1_encode_text(const char *text, size_t length, unsigned flags, const char *style,
                                          krt_result **result);
 
-/* Status of a result: KRT_OK or KRT_REFUSED. */
+/* Status of a result: the status the call answered. */
 KRT_API int KRT_CALL krt_result_status(const krt_result *result);
 /* Flags in effect: KRT_CHECK when check characters were used (always for ISBN entries). */
 KRT_API unsigned KRT_CALL krt_result_flags(const krt_result *result);
