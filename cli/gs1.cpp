@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "text/codifica_testo.h"
-#include "wizard/composizione_ai.h"
+#include "gs1/composizione_ai.h"
 
 namespace krt {
 

@@ -18,8 +18,8 @@
 #include "cycle/motivi.h"
 #include "cycle/voce.h"
 #include "text/codifica_testo.h"
-#include "wizard/composizione_ai.h"
-#include "wizard/validazione_ai.h"
+#include "gs1/composizione_ai.h"
+#include "gs1/validazione_ai.h"
 
 struct krt_result {
     int stato = KRT_OK;

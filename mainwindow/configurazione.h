@@ -14,7 +14,7 @@
 
 #include <QString>
 
-#include "mainwindow/configurazione_record.h"
+#include "cycle/configurazione_record.h"
 
 namespace krt {
 

@@ -10,7 +10,7 @@
 #include <QMainWindow>
 #include <QMessageBox>
 
-#include "mainwindow/configurazione_record.h"
+#include "cycle/configurazione_record.h"
 
 class QAction;
 class QActionGroup;

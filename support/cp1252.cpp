@@ -1,22 +1,15 @@
 #include "support/cp1252.h"
 
+#include "text/codifica_testo.h"
+
 namespace krt {
 
 namespace {
 
-// Characters of the bytes 0x80-0x9F; every other byte is the character of the same code.
-constexpr char16_t kDa80A9F[32] = {
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,  // 80-87
-    0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,  // 88-8F
-    0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,  // 90-97
-    0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,  // 98-9F
-};
-
 std::optional<char> Codice(char16_t carattere) {
-    if (carattere < 0x80 || (carattere >= 0xA0 && carattere <= 0xFF)) return static_cast<char>(carattere);
-    for (unsigned i = 0; i < 32; ++i)
-        if (kDa80A9F[i] == carattere) return static_cast<char>(0x80 + i);
-    return std::nullopt;
+    const int b = ByteCp1252(carattere);
+    if (b < 0) return std::nullopt;
+    return static_cast<char>(b);
 }
 
 }  // namespace
@@ -26,7 +19,7 @@ QString DaWindows1252(std::string_view byte) {
     QChar* destinazione = testo.data();
     for (const char b : byte) {
         const auto codice = static_cast<unsigned char>(b);
-        *destinazione++ = QChar(codice >= 0x80 && codice <= 0x9F ? kDa80A9F[codice - 0x80] : char16_t{codice});
+        *destinazione++ = QChar(CarattereCp1252(codice));
     }
     return testo;
 }

@@ -10,14 +10,6 @@ namespace krt {
 
 namespace {
 
-// Code points of the bytes 0x80-0x9F. The unassigned bytes map to themselves.
-constexpr std::array<char16_t, 32> Cp1252Alto{
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,  // 80-87
-    0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,  // 88-8F
-    0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,  // 90-97
-    0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,  // 98-9F
-};
-
 constexpr char32_t NonValido = 0xFFFFFFFF;
 
 // UTF-8 form of every byte, built once from the table above: up to three bytes and
@@ -29,7 +21,7 @@ struct Utf8DiByte {
 constexpr std::array<Utf8DiByte, 256> CostruisciUtf8DiByte() {
     std::array<Utf8DiByte, 256> t{};
     for (std::size_t b = 0; b < t.size(); ++b) {
-        const char32_t cp = b >= 0x80 && b < 0xA0 ? Cp1252Alto[b - 0x80] : static_cast<char32_t>(b);
+        const char32_t cp = CarattereCp1252(static_cast<unsigned char>(b));
         if (cp < 0x80) {
             t[b] = {{static_cast<char>(cp), 0, 0}, 1};
         } else if (cp < 0x800) {
@@ -119,14 +111,14 @@ char32_t LeggiUtf8(std::string_view testo, std::size_t& i) {
 }
 
 // Windows-1252 byte of a code point, -1 when the code page has none.
+}  // namespace
+
 int ByteCp1252(char32_t cp) {
     if (cp < 0x80 || (cp >= 0xA0 && cp <= 0xFF)) return static_cast<int>(cp);
     for (std::size_t k = 0; k < Cp1252Alto.size(); ++k)
         if (Cp1252Alto[k] == cp) return static_cast<int>(0x80 + k);
     return -1;
 }
-
-}  // namespace
 
 void AccodaCp1252InUtf8(std::string& uscita, std::string_view byte) {
     const std::size_t ascii = LunghezzaAscii(byte);

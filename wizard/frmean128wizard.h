@@ -7,7 +7,7 @@
 
 #include <QDialog>
 
-#include "wizard/composizione_ai.h"
+#include "gs1/composizione_ai.h"
 
 class QLabel;
 class QLineEdit;

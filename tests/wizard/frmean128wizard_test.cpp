@@ -8,9 +8,9 @@
 
 #include "support/cp1252.h"
 #include "support/stringhe.h"
-#include "wizard/catalogo_ai.h"
+#include "gs1/catalogo_ai.h"
 #include "wizard/frmean128wizard.h"
-#include "wizard/validazione_ai.h"
+#include "gs1/validazione_ai.h"
 
 namespace {
 

@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "wizard/catalogo_ai.h"
-#include "wizard/composizione_ai.h"
+#include "gs1/catalogo_ai.h"
+#include "gs1/composizione_ai.h"
 
 namespace {
 

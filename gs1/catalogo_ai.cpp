@@ -1,6 +1,6 @@
-#include "wizard/catalogo_ai.h"
+#include "gs1/catalogo_ai.h"
 
-#include "wizard/validazione_ai.h"
+#include "gs1/validazione_ai.h"
 
 namespace krt {
 

@@ -1,4 +1,4 @@
-#include "mainwindow/configurazione_record.h"
+#include "cycle/configurazione_record.h"
 
 #include <gtest/gtest.h>
 

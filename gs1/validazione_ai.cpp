@@ -1,8 +1,8 @@
-#include "wizard/validazione_ai.h"
+#include "gs1/validazione_ai.h"
 
 #include <cstddef>
 
-#include "wizard/catalogo_ai.h"
+#include "gs1/catalogo_ai.h"
 
 namespace krt {
 

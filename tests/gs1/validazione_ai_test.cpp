@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "wizard/catalogo_ai.h"
-#include "wizard/validazione_ai.h"
+#include "gs1/catalogo_ai.h"
+#include "gs1/validazione_ai.h"
 
 namespace {
 

@@ -1,11 +1,11 @@
-#include "wizard/composizione_ai.h"
+#include "gs1/composizione_ai.h"
 
 #include <optional>
 
 #include "barcodes/validazione.h"
 #include "text/formatta.h"
-#include "wizard/catalogo_ai.h"
-#include "wizard/validazione_ai.h"
+#include "gs1/catalogo_ai.h"
+#include "gs1/validazione_ai.h"
 
 namespace krt {
 

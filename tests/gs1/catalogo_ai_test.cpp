@@ -3,7 +3,7 @@
 #include <set>
 #include <string>
 
-#include "wizard/catalogo_ai.h"
+#include "gs1/catalogo_ai.h"
 
 namespace {
 
