@@ -17,9 +17,9 @@
 #include "barcodes/isbn.h"
 #include "cycle/motivi.h"
 #include "cycle/voce.h"
-#include "text/codifica_testo.h"
 #include "gs1/composizione_ai.h"
 #include "gs1/validazione_ai.h"
+#include "text/codifica_testo.h"
 
 struct krt_result {
     int stato = KRT_OK;

@@ -30,7 +30,8 @@ const char* NomeMotivo(int tipo) {
         const char* testo = motivo != nullptr && motivo->text[0] != '\0' ? motivo->text : krt_strerror(stato);
         eccezione = classe(py::str(testo), NomeMotivo(motivo != nullptr ? motivo->kind : 0),
                            motivo != nullptr ? motivo->position : 0, motivo != nullptr ? motivo->character : 0,
-                           std::move(indice));
+                           std::move(indice), motivo != nullptr ? motivo->minimum : 0,
+                           motivo != nullptr ? motivo->maximum : 0);
     } else {
         classe = krt.attr("Error");
         std::string testo = krt_strerror(stato);

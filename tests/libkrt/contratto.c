@@ -239,6 +239,14 @@ static void results(void) {
     VERIFICA(stato == KRT_REFUSED && motivo.kind == KRT_REASON_CHARACTER && motivo.position == 4 &&
                  motivo.character == 'O' && glifi[0] == '\0',
              "ISBN letter O: %d kind %d at %zu", stato, motivo.kind, motivo.position);
+    static const struct { const char *cifre, *atteso; int stato; } completi[] = {
+        {"030640615", "030640615-2", KRT_OK}, {"978030640615", "9780306406157", KRT_OK},
+        {"97803064061", "", KRT_REFUSED}, {"03064061X", "", KRT_REFUSED}};
+    for (size_t i = 0; i < sizeof completi / sizeof completi[0]; ++i) {
+        stato = krt_isbn_complete(completi[i].cifre, KRT_NUL_TERMINATED, glifi, sizeof glifi, &n);
+        VERIFICA(stato == completi[i].stato && strcmp(glifi, completi[i].atteso) == 0, "ISBN digits %s: %d \"%s\"",
+                 completi[i].cifre, stato, glifi);
+    }
 }
 
 #ifndef __STDC_NO_THREADS__

@@ -24,6 +24,7 @@ class EncodeTest(unittest.TestCase):
     def test_refusals_and_faults(self):
         rows = [
             ("letter in EAN-13", lambda: krt.encode("EAN13", "97888203000A"), krt.Refused, "character"),
+            ("too long", lambda: krt.encode("C128", "x" * 5000), krt.Refused, "length"),
             ("empty entry content", lambda: krt.entry("Code 39", ""), krt.Refused, "empty"),
             ("no Windows-1252 code", lambda: krt.encode("C128", "ab\u4e00"), krt.Refused, "character"),
             ("strict sequence", lambda: krt.encode_many("EAN13", ["1", "x"], strict=True), krt.Refused, None),
@@ -45,6 +46,9 @@ class EncodeTest(unittest.TestCase):
         with self.assertRaises(krt.Refused) as caught:
             krt.entry("Codice 39", "ab\u00e7", italian=True)
         self.assertIn("\u00e7", str(caught.exception))  # the Italian text names the character
+        with self.assertRaises(krt.Refused) as caught:
+            krt.encode("C128", "x" * 5000)
+        self.assertEqual((caught.exception.minimum, caught.exception.maximum), (1, 4096))
         with self.assertRaises(TypeError):
             krt.encode_many("EAN13", [b"123"])
 

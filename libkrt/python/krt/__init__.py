@@ -27,16 +27,19 @@ class Error(Exception):
 class Refused(Error):
     """Content not allowed. `kind` is "empty", "length", "character", "structure", "range",
     "escape" or "overflow"; `position` the 1-based refused character (or GS1 pair), 0 when
-    the reason has no place; `character` the refused byte (Windows-1252) or 0; `index` the
+    the reason has no place; `character` the refused byte (Windows-1252) or 0; `minimum` and
+    `maximum` the lengths allowed for "length" (maximum 0: at least minimum); `index` the
     position in the sequence given to encode_many, else None."""
 
     def __init__(self, message: str, kind: str = "structure", position: int = 0, character: int = 0,
-                 index: Optional[int] = None):
+                 index: Optional[int] = None, minimum: int = 0, maximum: int = 0):
         super().__init__(message, 1)
         self.reason = message
         self.kind = kind
         self.position = position
         self.character = character
+        self.minimum = minimum
+        self.maximum = maximum
         self.index = index
 
 
