@@ -124,8 +124,14 @@ void CodificaRiga(const Simbologia& simbologia, const OpzioniCli& opzioni, std::
     } catch (const std::exception& e) {
         // The engine's faults are refusals with the fault's own words added.
         r.rifiuto = RifiutoDaGuasto(e);
-        r.errore = r.rifiuto ? TestoRifiuto(r.rifiuto, codice) + " (" + e.what() + ")"
-                             : std::string("internal error: ") + e.what();
+        if (r.rifiuto) {
+            r.errore = TestoRifiuto(r.rifiuto, codice);
+            if (!r.errore.empty() && r.errore.back() == '.') r.errore.pop_back();
+            r.errore += ": ";
+            r.errore += e.what();
+        } else {
+            r.errore = std::string("internal error: ") + e.what();
+        }
     }
     if (!r.errore.empty()) {
         r.codice.clear();

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "barcodes/errori.h"
+#include "barcodes/simbologie.h"
 #include "resources/tabella_stringhe.h"
 #include "text/codifica_testo.h"
 #include "text/formatta.h"
@@ -74,8 +75,9 @@ std::string TestoRifiuto(const Rifiuto& r, std::string_view codice, int offsetLi
             if (r.carattere == 0) return Componi(testo(Id::SenzaCodice1252), {std::to_string(r.posizione)});
             return Componi(testo(Id::Carattere), {MostraCarattere(r.carattere), std::to_string(r.posizione)});
         case MotivoRifiuto::Struttura:
-            return testo(codice == "UPCE" ? Id::SistemaUPCE : Id::InizioFineCodabar);
-        case MotivoRifiuto::Intervallo: return testo(codice == "CIP" ? Id::SenzaCheckCIP : Id::Intervallo);
+            return testo(codice == CodiceDi(TipoSimbologia::UpcE) ? Id::SistemaUPCE : Id::InizioFineCodabar);
+        case MotivoRifiuto::Intervallo:
+            return testo(codice == CodiceDi(TipoSimbologia::Cip) ? Id::SenzaCheckCIP : Id::Intervallo);
         case MotivoRifiuto::Escape: return testo(Id::Escape);
         case MotivoRifiuto::Overflow: return testo(Id::CheckSum);
     }
