@@ -99,11 +99,9 @@ TEST_F(Finestra, InvioRiempieLAnteprima) {
         {"Code 39", "Wide short", false, false, "A_B", "C39", "A_B", false, "ORB39 Wide Short", nullptr},
         {"Code 93", "Narrow", true, true, "A_B", "C93", "A_B", true, "ORB93 Narrow", "A B"},
         {"Codabar/Monarch", "Short", false, true, "A123B", "CBAR", "A123B", false, "ORBCODABAR Short", "a123b"},
-        {"Code 128", "Normal", false, true, "Hello", "C128", "Hello", false, "ORB128", "Hello"},
         {"Code 128", "Normal", false, true, "AB\\t12\\x0412", "C128", "AB\\t12\\x0412", false, "ORB128",
          "AB<HT>12<EOT>12"},
         {"EAN 13", "Normal", true, true, "590123412345", "EAN13", "590123412345", true, "ORBEAN", nullptr},
-        {"MSI", "Normal", false, true, "1234", "CMSI", "1234", false, "ORBMSI", "1234"},
     };
     for (const auto& c : casi) {
         SCOPED_TRACE(c.voce);
@@ -207,7 +205,8 @@ TEST_F(Finestra, RifiutiSoloConInvio) {
     EXPECT_TRUE(messaggi.empty());
 }
 
-// Check digits: what is accepted and refused stays; a wrong digit or a whole number is said.
+// Check digits: a wrong digit is said on the status line, a whole number in the refusal's reason
+// (the texts themselves: the cycle's tests).
 TEST_F(Finestra, CheckDigitDetti) {
     const struct {
         const char* voce;
@@ -217,13 +216,9 @@ TEST_F(Finestra, CheckDigitDetti) {
         const char* motivo;  // the refusal's additional text
     } casi[] = {
         {"EAN 13", false, "5901234123458", "Check digit should be 7.", nullptr},
-        {"EAN 13", false, "5901234123457", "", nullptr},
         {"EAN 13", true, "5901234123457", nullptr, "13 digits typed: with Check Digit ticked, type 12 (or untick it)."},
         {"UPC-A", true, "036000291450", nullptr,
          "12 digits typed: with Check Digit ticked, type 11 (or untick it). Check digit should be 2."},
-        {"ISBN-13", true, "9780306406157", nullptr, "13 digits typed: type the first 12, the check digit is added."},
-        {"ISBN-13", true, "123456789012", "An ISBN-13 begins with 978 or 979.", nullptr},
-        {"EAN 128", false, "0109501234567890", "Check digit should be 1.", nullptr},
     };
     for (const auto& c : casi) {
         SCOPED_TRACE(c.contenuto);
@@ -249,11 +244,9 @@ TEST_F(Finestra, RifiutiEGuastiDiconoPerche) {
         QString dettaglio;
     } casi[] = {
         {"Code 128", QStringLiteral("A\\q"), CaricaStringa(IdStringa::DettaglioEscape)},
-        {"EAN 13", QStringLiteral("123456789012345"), QStringLiteral("The content is too long: ")},
         {"Code 39", QStringLiteral("AB!"),
          QStringLiteral("The character \"!\" at position 3 cannot be encoded in this symbology.")},
         {"Code 39", QStringLiteral("A\u0101"), QStringLiteral("The character at position 2 has no Windows-1252")},
-        {"Codabar/Monarch", QStringLiteral("A12"), QStringLiteral("A Codabar content begins and ends")},
     };
     for (const auto& c : casi) {
         SCOPED_TRACE(std::string(c.voce) + " " + c.contenuto.toStdString());
@@ -452,18 +445,12 @@ TEST_F(Finestra, SuggerimentiEStiliPerVoce) {
     } casi[] = {
         {"Code 39", false, "Length: variable, alphabet 0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ-._$/+%", 6, true},
         {"EAN 13", false, "Length: 13 digits", 2, true},
-        {"EAN 13", true, "Length: 12 digits", 2, true},
         {"EAN 8", false, "Length: 8 digits", 2, false},
         {"UPC-E Add-on 5", true, "Length: 0/1 + 11 digits", 2, true},
-        {"Postnet", true, "Length: 5/9/11 digits", 1, true},
         {"Code 32", false, "Length: 9 digits", 1, true},
         {"ISBN-10", true, "Length: 9 digits", 2, false},
         {"Delta-Distance A", false, "Length: variable, max 16 characters, alphabet 0123456789KLMO", 2, true},
-        {"Delta-Distance A", true, "Length: variable, max 15 characters, alphabet 0123456789KLMO", 2, true},
-        {"BCD Matrix 2 of 5", true, "Length: variable, max 13 digits", 2, true},
-        {"Plessey", true, "Length: variable, max 15 characters, alphabet 0123456789ABCDEF", 2, true},
         {"Codabar/Monarch", false, "Length: variable, a/b/c/d + alphabet: 0123456789+.-$:/ + e/m/t/*", 2, true},
-        {"UPC-A Add-on 2", false, "Length: 14 digits", 2, true},
     };
     for (const auto& c : casi) {
         Voce("Code 39");  // an entry without fixed rules first
