@@ -20,26 +20,12 @@ void Scrivi(const QString& percorso, const QByteArray& dati) {
     ASSERT_EQ(file.write(dati), dati.size());
 }
 
-// The host's shared data folders moved into the temporary tree (XDG on Linux), so a
-// package installed on the machine running the tests does not take part.
+// Each test in a tree of its own (the runner moves the host's data folders away, so a package
+// installed on the machine does not take part).
 class Guide : public ::testing::Test {
 protected:
-    void SetUp() override {
-        ASSERT_TRUE(radice_.isValid());
-        for (const char* nome : {"XDG_DATA_DIRS", "XDG_DATA_HOME"}) salvate_.append({nome, qgetenv(nome)});
-        qputenv("XDG_DATA_DIRS", Percorso("xdg").toLocal8Bit());
-        qputenv("XDG_DATA_HOME", Percorso("home").toLocal8Bit());
-    }
-    void TearDown() override {
-        for (const auto& [nome, valore] : salvate_) {
-            if (valore.isNull()) qunsetenv(nome);
-            else qputenv(nome, valore);
-        }
-    }
     QString Percorso(const char* relativo) const { return radice_.filePath(QLatin1String(relativo)); }
-
     QTemporaryDir radice_;
-    QList<QPair<const char*, QByteArray>> salvate_;
 };
 
 TEST_F(Guide, CopiaSoloLaGuidaMancante) {
@@ -125,6 +111,7 @@ TEST_F(Guide, PrimoAvvioCopiaEntrambeLeGuide) {
 #if defined(Q_OS_UNIX) && !defined(Q_OS_MACOS)
 // /usr/share/krt and /usr/local/share/krt come from $XDG_DATA_DIRS.
 TEST_F(Guide, GuideDelleCartelleCondiviseDelSistema) {
+    qputenv("XDG_DATA_DIRS", Percorso("xdg").toLocal8Bit());  // the runner's own folder otherwise
     Scrivi(Percorso("xdg/krt/KRTGuide.pdf"), "system");
     const QStringList cartelle = krt::CartelleGuideInstallate(Percorso("altrove/bin"));
     EXPECT_TRUE(cartelle.contains(Percorso("xdg/krt"))) << cartelle.join(QLatin1Char(' ')).toStdString();

@@ -18,7 +18,7 @@ int main(int argc, char* argv[]) {
                        .toUtf8());
     conf.close();
     qputenv("FONTCONFIG_FILE", conf.fileName().toLocal8Bit());
-    for (const char* variabile : {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME"}) {
+    for (const char* variabile : {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_DATA_DIRS", "XDG_CACHE_HOME"}) {
         const QString cartella = casa.filePath(QString::fromLatin1(variabile));
         QDir().mkpath(cartella);
         qputenv(variabile, cartella.toLocal8Bit());
