@@ -50,18 +50,6 @@ TEST(Escape, OneCharacterReads) {
     }
 }
 
-TEST(Escape, LenientBaseDigits) {
-    const struct {
-        std::string cifre;
-        int base;
-        int atteso;
-    } casi[] = {
-        {"ff", 16, 255}, {"FF", 16, 255}, {"4", 16, 4}, {"G", 16, 16}, {" ", 16, -16},
-        {"101", 8, 65}, {"999", 8, 657}, {"", 8, 0}, {"\xE9", 16, 146},
-    };
-    for (const auto& c : casi) EXPECT_EQ(krt::ConvertiDaBase(c.cifre, c.base), c.atteso) << c.cifre;
-}
-
 TEST(Escape, WholeContent) {
     const struct {
         std::string contenuto;

@@ -133,14 +133,6 @@ TEST(Isbn, TextHelpers) {
     EXPECT_THROW(krt::CodificaTestoISBN("x"), std::invalid_argument);
     EXPECT_EQ(krt::NormalizzaISBN("0-306-x"), "0306X");
 
-    const struct {
-        std::string testo, cerca, sostituto, atteso;
-    } sostituzioni[] = {
-        {"a-b-c", "-", "", "abc"}, {"aaa", "aa", "b", "ba"}, {"abc", "", "z", "abc"}, {"ab", "b", "bb", "abb"},
-    };
-    for (const auto& s : sostituzioni)
-        EXPECT_EQ(krt::SostituisciTesto(s.testo, s.cerca, s.sostituto), s.atteso) << s.testo;
-
     EXPECT_EQ(krt::TrovaCarattereNonValido("0123X", "0123456789X"), 0u);
     EXPECT_EQ(krt::TrovaCarattereNonValido("01A3", "0123456789"), 3u);
     EXPECT_EQ(krt::TrovaCarattereNonValido("", "0"), 0u);

@@ -100,24 +100,6 @@ TEST(NumberGrammar, IntegerAndDecimal) {
     }
 }
 
-TEST(TextHelpers, TrimAndReplace) {
-    const struct {
-        std::string ottenuto, atteso;
-    } casi[] = {
-        {CTrimL("000", '0'), ""},
-        {CTrimL("00120", '0'), "120"},
-        {CTrimR("1200", '0'), "12"},
-        {CTrimR("0012", '0'), "0012"},
-        {StrTran("1.2.3", ".", ""), "123"},
-        {StrTran("Integer of length %", "%", "14"), "Integer of length 14"},
-        {StrTran("aaa", "aa", "b"), "ba"},
-        {StrTran("abc", "", "x"), "abc"},
-        {TagliaSpazi("  a b  "), "a b"},
-    };
-    for (std::size_t i = 0; i < std::size(casi); ++i)
-        EXPECT_EQ(casi[i].ottenuto, casi[i].atteso) << "row " << i;
-}
-
 TEST(CalcolaCheckGS1, WeightsByLength) {
     const struct {
         std::string cifre, atteso;
