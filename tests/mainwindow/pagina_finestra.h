@@ -39,7 +39,6 @@ struct Paragrafo {
     QString testo;
     QString famiglia;
     double punti = 0;
-    bool grassetto = false;
 };
 
 struct PaginaFinestra {
@@ -126,7 +125,6 @@ struct PaginaFinestra {
             const QTextCharFormat f = b.begin().atEnd() ? b.charFormat() : b.begin().fragment().charFormat();
             p.famiglia = f.font().family();
             p.punti = f.fontPointSize();
-            p.grassetto = f.font().bold();
             paragrafi.push_back(p);
         }
         return paragrafi;
