@@ -75,6 +75,8 @@ TEST(Avvisi, ChiaviEDateGS1) {
         {"00", "376104250021234569", std::nullopt, false},
         {"00", "376104250021234560", '9', false},
         {"01", "09501234567890", '1', false},
+        {"01", "0950123456789", std::nullopt, false},   // one digit short
+        {"01", "0950123456789A", std::nullopt, false},  // not all digits
         {"02", "15400141288763", std::nullopt, false},
         {"414", "5412345000010", '3', false},
         {"10", "5412345000010", std::nullopt, false},

@@ -240,6 +240,7 @@ TEST(Voce, AttesaDellaScansione) {
         {402, "AB_1", true, FormatoLettore::Code93, "AB 1", false, false},
         {424, "\\x81" "01\\x80A", false, FormatoLettore::Code128, std::string_view("01\0A", 4), false, false},
         {425, "10AB\\x8121", false, FormatoLettore::Code128, "10AB\x1D" "21", false, false},
+        {424, "A\\x81B\\x81", false, FormatoLettore::Code128, "A\x1D" "B\x1D", false, false},
         {411, "t12e", false, FormatoLettore::Codabar, "A12D", false, false},
         {434, "030640615", true, FormatoLettore::EAN13, "9780306406157", false, false},
         {421, "0123456", true, FormatoLettore::UPCE, "01234565", false, false},
