@@ -15,7 +15,7 @@ FUZZ_PACKAGES := clang libclang-rt-dev
 BENCH_PACKAGES := zint time
 PACKAGE_PACKAGES := dpkg-dev file
 # The Calc functions' test also needs Calc, LibreOffice's Python and the SDK's IDL compiler.
-E2E_PACKAGES := libreoffice-writer libreoffice-calc python3-uno libreoffice-dev poppler-utils fontconfig python3-fonttools
+E2E_PACKAGES := libreoffice-writer libreoffice-calc libreoffice-l10n-it python3-uno libreoffice-dev poppler-utils fontconfig python3-fonttools
 PREFIX ?= /usr/local
 # ccache, when present, makes rebuilds and the second (sanitizer) tree cheap; nothing needs it.
 LAUNCHER := $(shell command -v ccache >/dev/null 2>&1 && echo -DCMAKE_CXX_COMPILER_LAUNCHER=ccache)

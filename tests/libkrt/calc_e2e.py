@@ -31,7 +31,7 @@ def q(s: str) -> str:
 # None for a refused content, content).
 ENCODE = [
     ("EAN13", "1", ["--check", "EAN13"], "590123412345"),
-    ("EAN13", "0", ["EAN13"], "5901234123457"),
+    ("EAN13", "0", ["EAN13"], 5901234123457.0),  # a number cell
     ("C128", "0", ["C128"], "Krt-128 abc"),
     ("C39", "1", ["--check", "C39"], "KRT-2024"),
     ("CBAR", "0", ["CBAR"], "A40156B"),
@@ -48,6 +48,8 @@ ENTRY = [
 
 
 def krt_encode(eseguibile, argomenti, contenuto, formato="codes"):
+    if isinstance(contenuto, float):
+        contenuto = "%d" % contenuto
     r = subprocess.run([eseguibile, "--output=" + formato] + argomenti + [contenuto], capture_output=True)
     if r.returncode != 0:
         return None
@@ -91,6 +93,8 @@ def foglio(righe, stili="", colonne='<table:table-column table:number-columns-re
 
 
 def testo(s):
+    if isinstance(s, float):
+        return '<table:table-cell office:value-type="float" office:value="%r"/>' % s
     return '<table:table-cell office:value-type="string"><text:p>%s</text:p></table:table-cell>' % escape(s)
 
 
@@ -133,6 +137,25 @@ class LibreOffice:
         if not os.path.exists(uscita):
             raise RuntimeError("soffice did not convert %s:\n%s%s" % (documento, r.stdout, r.stderr))
         return uscita
+
+
+    def procedura(self, formule, lingua):
+        """The Function Wizard's texts and typed formulas, in an office running in lingua."""
+        pipe = "krt%d" % os.getpid()
+        ambiente = dict(self.ambiente, LC_ALL="it_IT.UTF-8" if lingua == "it" else "C.UTF-8", LANGUAGE=lingua)
+        office = subprocess.Popen(["soffice"] + self.env_args + ["--headless", "--norestore",
+                                                                 "--accept=pipe,name=%s;urp;" % pipe],
+                                  env=ambiente, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        try:
+            r = subprocess.run(["/usr/bin/python3", os.path.join(os.path.dirname(__file__), "calc_procedura.py"),
+                                pipe] + formule, env=ambiente, capture_output=True, text=True, timeout=300)
+            office.wait(timeout=120)
+        finally:
+            if office.poll() is None:
+                office.kill()
+        if r.returncode != 0:
+            raise RuntimeError("calc_procedura.py failed:\n" + r.stderr)
+        return json.loads(r.stdout)
 
 
 def errore(cella: str) -> bool:
@@ -207,6 +230,48 @@ SCANSIONI = [
 ]
 
 
+# Arguments the Function Wizard must show, per language.
+ARGOMENTI = {
+    "en": {"KRTENCODE": ["symbology", "content", "check", "symbol"], "KRTENTRY": ["entry", "content", "check", "hrc", "symbol"],
+           "KRTHRC": ["entry", "content", "check"], "KRTGS1": ["text", "symbol"], "KRTISBN": ["text"],
+           "KRTWHY": ["symbology", "content", "check"]},
+    "it": {"KRTENCODE": ["simbologia", "contenuto", "controllo", "simbolo"],
+           "KRTENTRY": ["voce", "contenuto", "controllo", "hrc", "simbolo"], "KRTHRC": ["voce", "contenuto", "controllo"],
+           "KRTGS1": ["testo", "simbolo"], "KRTISBN": ["testo"], "KRTWHY": ["simbologia", "contenuto", "controllo"]},
+}
+
+
+def prova_procedura(lo, krt_encode_exe, fallimenti):
+    """The Function Wizard in English and Italian, and the functions typed by their names."""
+    import krt
+    codici = krt_encode(krt_encode_exe, ["C128"], "Krt-128")
+    descrizioni = {}
+    lingue = ["en", "it"]
+    if not os.path.isdir("/usr/lib/libreoffice/program/resource/it"):
+        print("it: Function Wizard in Italian not checked: LibreOffice's Italian (libreoffice-l10n-it) is not installed")
+        lingue.remove("it")
+    for lingua in lingue:
+        esito = lo.procedura(['=KRTENCODE("C128";"Krt-128";0;1)', '=KRTWHY("EAN13";"12A")'], lingua)
+        funzioni = esito["functions"]
+        descrizioni[lingua] = {nome: f["description"] for nome, f in funzioni.items()}
+        for nome, argomenti in ARGOMENTI[lingua].items():
+            f = funzioni.get(nome)
+            if f is None or not f["description"] or [a[0] for a in f["arguments"]] != argomenti \
+                    or not all(a[1] for a in f["arguments"]):
+                fallimenti.append("%s: the Function Wizard shows %s as %r" % (lingua, nome, f))
+        attese = [lettura(codici, True), ""]
+        try:
+            krt.encode("EAN13", "12A", False, lingua == "it")
+        except krt.Refused as e:
+            attese[1] = str(e)
+        if esito["cells"] != attese:
+            fallimenti.append("%s: typed formulas gave %r, expected %r" % (lingua, esito["cells"], attese))
+        print("%s: Function Wizard: %d KRT functions; KRTWHY: %s" % (lingua, len(funzioni), esito["cells"][1]))
+    for nome in ARGOMENTI["en"] if "it" in descrizioni else []:
+        if descrizioni["en"].get(nome) == descrizioni["it"].get(nome):
+            fallimenti.append("%s: the same description in English and Italian" % nome)
+
+
 def prova_pdf(lo, variante, leggi_pgm, cartella, fallimenti):
     simbolo = "1" if variante == "symbol" else "0"
     stili = ['<style:style style:name="riga" style:family="table-row">'
@@ -252,8 +317,9 @@ def main():
     conserva = os.environ.get("KRT_CALC_CARTELLA")
     with tempfile.TemporaryDirectory(prefix="krt-calc-") as temporanea:
         cartella = os.path.abspath(conserva) if conserva else temporanea
-        prova_csv(LibreOffice(os.path.join(cartella, "csv"), oxt), krt_encode_exe, os.path.join(cartella, "csv"),
-                  fallimenti)
+        lo = LibreOffice(os.path.join(cartella, "csv"), oxt)
+        prova_csv(lo, krt_encode_exe, os.path.join(cartella, "csv"), fallimenti)
+        prova_procedura(lo, krt_encode_exe, fallimenti)
         for variante in ("unicode", "symbol"):
             sotto = os.path.join(cartella, variante)
             prova_pdf(LibreOffice(sotto, oxt, os.path.join(fonts, variante)), variante, leggi_pgm, sotto, fallimenti)
