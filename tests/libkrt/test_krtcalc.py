@@ -1,6 +1,9 @@
 """The Calc functions' own logic, without the office: what a cell argument means, the
 characters a cell needs for each character map, and refusals as Rifiutato."""
+import importlib
+import sys
 import unittest
+from unittest import mock
 
 import krt
 import krtcalc
@@ -59,6 +62,14 @@ class Funzioni(unittest.TestCase):
         self.assertEqual(krtcalc.krtgs1(" (01)09501101530003 "), krt.gs1_text("(01)09501101530003").glyphs)
         self.assertEqual(krtcalc.krtentry("EAN 13 Add-on 2", "590123412345712", True),
                          krt.entry("EAN 13 Add-on 2", "590123412345712", True).glyphs)
+
+    def test_senza_modulo_ogni_cella_dice_perche(self):
+        with mock.patch.dict(sys.modules, {"krt": None}):
+            senza = importlib.reload(krtcalc)
+            self.assertIn("python3-krt", senza.krtwhy("EAN13", "1"))
+            with self.assertRaises(senza.Rifiutato):
+                senza.krtencode("EAN13", "1")
+        importlib.reload(krtcalc)
 
 
 if __name__ == "__main__":

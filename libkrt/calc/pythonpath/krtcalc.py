@@ -6,11 +6,17 @@ Every function answers the cell's text or raises Rifiutato, which the add-in tur
 Calc error value. Arguments come as Calc passes an `any`: None when left out, a float for a
 number or a logical value, a str for text, a tuple of rows for a range.
 """
-import krt
-
-
 class Rifiutato(Exception):
     """Content refused, an unknown symbology or entry, or an argument that means nothing."""
+
+
+try:
+    import krt
+    ErroreKrt = krt.Error
+except ImportError as e:  # the office's Python does not find the module: every call says so
+    krt = None
+    ErroreKrt = Rifiutato
+    MANCANTE = "KRT's Python module cannot be loaded (Debian package python3-krt): %s" % e
 
 
 # Byte -> character of the Windows-1252 reading: the characters a Unicode-map font draws. The
@@ -88,40 +94,46 @@ def per_la_mappa(glifi: str, simbolo: bool) -> str:
     return "".join(uscita)
 
 
-def _chiama(funzione, *argomenti, **opzioni):
+def _libreria():
+    if krt is None:
+        raise Rifiutato(MANCANTE)
+    return krt
+
+
+def _chiama(nome, *argomenti):
     try:
-        return funzione(*argomenti, **opzioni)
-    except krt.Error as e:  # krt.Refused too
+        return getattr(_libreria(), nome)(*argomenti)
+    except ErroreKrt as e:  # krt.Refused too
         raise Rifiutato(str(e)) from e
 
 
 def krtencode(symbology, content, check=None, symbol=None) -> str:
-    return per_la_mappa(_chiama(krt.encode, str(symbology).strip(), testo(content), vero(check)), vero(symbol))
+    return per_la_mappa(_chiama("encode", str(symbology).strip(), testo(content), vero(check)), vero(symbol))
 
 
 def krtentry(entry, content, check=None, hrc=None, symbol=None) -> str:
-    voce = _chiama(krt.entry, str(entry).strip(), testo(content), vero(check), vero(hrc))
+    voce = _chiama("entry", str(entry).strip(), testo(content), vero(check), vero(hrc))
     return per_la_mappa(voce.glyphs, vero(symbol))
 
 
 def krthrc(entry, content, check=None) -> str:
     """The human readable text, with the check characters when check is set."""
     c = vero(check)
-    return _chiama(krt.entry, str(entry).strip(), testo(content), c, False, c).hrc
+    return _chiama("entry", str(entry).strip(), testo(content), c, False, c).hrc
 
 
 def krtgs1(text, symbol=None) -> str:
-    return per_la_mappa(_chiama(krt.gs1_text, testo(text).strip()).glyphs, vero(symbol))
+    return per_la_mappa(_chiama("gs1_text", testo(text).strip()).glyphs, vero(symbol))
 
 
 def krtisbn(text) -> str:
-    return _chiama(krt.isbn, testo(text), 13)
+    return _chiama("isbn", testo(text), 13)
 
 
 def krtwhy(symbology, content, check=None, italiano=False) -> str:
     """Why KRTENCODE with the same arguments refuses: "" when it does not."""
     try:
-        krt.encode(str(symbology).strip(), testo(content), vero(check), italiano)
-    except (krt.Error, Rifiutato) as e:
+        _libreria().encode(str(symbology).strip(), testo(content), vero(check), italiano)
+    except (ErroreKrt, Rifiutato) as e:
         return str(e)
     return ""
