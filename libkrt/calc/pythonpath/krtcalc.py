@@ -6,6 +6,8 @@ Every function answers the cell's text or raises Rifiutato, which the add-in tur
 Calc error value. Arguments come as Calc passes an `any`: None when left out, a float for a
 number or a logical value, a str for text, a tuple of rows for a range.
 """
+
+
 class Rifiutato(Exception):
     """Content refused, an unknown symbology or entry, or an argument that means nothing."""
 
@@ -32,7 +34,7 @@ def _lettura_1252(b: int) -> str:
 BYTE_DI = {_lettura_1252(b): b for b in range(256)}
 
 VERI = {"1", "TRUE", "VERO", "YES", "SI", "SÌ", "Y", "S"}
-FALSI = {"", "0", "FALSE", "FALSO", "NO", "N"}
+FALSI = {"0", "FALSE", "FALSO", "NO", "N"}
 
 
 def _cella(valore):
