@@ -256,6 +256,9 @@ void frmElenco::AggiornaImpostazioni() {
 }
 
 void frmElenco::AggiornaConteggio() {
+    // Sized from the rows in view (and a bounded sample), not from every row.
+    for (const int c : {ModelloElenco::Contenuto, ModelloElenco::Simbolo, ModelloElenco::TestoHRC})
+        tabella->resizeColumnToContents(c);
     labConteggio->setText(CaricaStringa(Id::Conteggio)
                               .arg(modello_->rowCount())
                               .arg(static_cast<qulonglong>(modello_->Rifiutate())));
@@ -268,7 +271,6 @@ void frmElenco::DopoLettura() {
     cmbColonna->setCurrentIndex(0);
     inCaricamento_ = false;
     AggiornaImpostazioni();
-    tabella->resizeColumnToContents(ModelloElenco::Contenuto);
 }
 
 bool frmElenco::ApriFile(const QString& percorso) {
