@@ -81,7 +81,8 @@ test-windows:
 	$(WINE_ENV) wineboot --init
 	cmake -S . -B $(BUILD_WINDOWS) -DCMAKE_BUILD_TYPE=Release $(LAUNCHER) \
 	  -DCMAKE_TOOLCHAIN_FILE=$(CURDIR)/cmake/mingw-w64-x86_64.cmake -DCMAKE_CROSSCOMPILING_EMULATOR=wine \
-	  -DKRT_WITH_GUI=OFF -DKRT_WITH_BENCH=OFF -DKRT_WITH_PYTHON=OFF -DGTest_DIR=$(abspath $(BUILD_WINDOWS))/googletest-install/lib/cmake/GTest
+	  -DKRT_WITH_GUI=OFF -DKRT_WITH_BENCH=OFF -DKRT_WITH_PYTHON=OFF \
+	  -DGTest_DIR=$(abspath $(BUILD_WINDOWS))/googletest-install/lib/cmake/GTest
 	$(WINE_ENV) cmake --build $(BUILD_WINDOWS) -j $(JOBS)
 	cd $(BUILD_WINDOWS) && $(WINE_ENV) ctest --output-on-failure -j $(JOBS)
 	$(WINE_ENV) wineserver -k || true

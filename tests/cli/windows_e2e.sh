@@ -42,5 +42,15 @@ while IFS='|' read -r nome argomenti ingresso stato uscita errori; do
         echo "  errors: $err"
     fi
 done <<< "$casi"
+# The reader of the output goes away: exit status 3 and the closed pipe named (the input is
+# bounded, so a krt-encode that did not stop would still end).
+yes 0123456789 | head -c 2000000 | "$wine" ./krt-encode.exe C39 2> errori.txt | head -c 1 > /dev/null
+stato=${PIPESTATUS[2]} err=$(cat errori.txt)
+if [[ $stato == 3 && $err == *"cannot write the output: Broken pipe"* ]]; then
+    riusciti=$((riusciti + 1))
+else
+    falliti=$((falliti + 1))
+    echo "FAILED: output into a closed pipe: exit $stato (expected 3), errors: $err"
+fi
 echo "$riusciti passed, $falliti failed"
 [[ $falliti == 0 && $riusciti -gt 0 ]]
