@@ -42,6 +42,12 @@ static int thrd_join(thrd_t filo, int *esito) {
 #include <threads.h>
 #endif
 
+#ifdef _WIN64
+#include <stddef.h>
+/* The layout the VBA module (libkrt/vba/KRT.bas) reads a reason with. */
+_Static_assert(offsetof(krt_reason, text) == 40 && sizeof(krt_reason) == 296, "krt_reason as KRT.bas reads it");
+#endif
+
 static int fallimenti = 0;
 
 #define VERIFICA(condizione, ...)                                       \
