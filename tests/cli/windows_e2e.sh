@@ -2,7 +2,7 @@
 # krt-encode.exe end to end under Wine: what a Windows build alone can get wrong (text-mode
 # streams, CR LF, a byte-order mark, arguments in the ANSI code page, a folder with blanks
 # and accented letters).
-#   windows_e2e.sh WINE KRT-ENCODE.EXE WORK-FOLDER
+#   windows_e2e.sh WINE KRT-ENCODE.EXE WORK-FOLDER [STRING-TABLE-GENERATOR.EXE]
 set -u
 export WINEDEBUG=${WINEDEBUG:--all}  # no hints or fixme lines among the messages checked
 wine=$1
@@ -51,6 +51,17 @@ if [[ $stato == 3 && $err == *"cannot write the output: Broken pipe"* ]]; then
 else
     falliti=$((falliti + 1))
     echo "FAILED: output into a closed pipe: exit $stato (expected 3), errors: $err"
+fi
+# The build's string table generator opens files whose names have a letter that the ANSI code
+# page lacks.
+if [[ -n ${4:-} ]]; then
+    printf '# prova\n1\tuno\n' > "testi ł.txt"
+    if "$wine" "$4" "tabella ł.cpp" "0=testi ł.txt" && grep -q '"uno"' "tabella ł.cpp"; then
+        riusciti=$((riusciti + 1))
+    else
+        falliti=$((falliti + 1))
+        echo "FAILED: the string table generator with file names in Unicode"
+    fi
 fi
 echo "$riusciti passed, $falliti failed"
 [[ $falliti == 0 && $riusciti -gt 0 ]]
