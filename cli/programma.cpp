@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "cli/csv.h"
 #include "cli/elaborazione.h"
 #include "cli/gs1.h"
 #include "cli/opzioni.h"
@@ -62,6 +63,8 @@ int EseguiKrtEncode(std::span<const char* const> argomenti, FunzioneLettura ingr
         return erroreUso("unknown symbology \"" + opzioni.argomenti[0] + "\" (see --list)");
     if (const std::string errore = ControllaOpzioniGS1(simbologia, opzioni); !errore.empty())
         return erroreUso(errore);
+
+    if (opzioni.csv) return Chiudi(uscita, errori, CodificaCsv(simbologia, opzioni, std::move(ingresso), uscita, errori));
 
     bool rifiuti = false;
     // numero: 1-based line of the input, 0 for the CONTENT argument.

@@ -129,6 +129,7 @@ private:
     void mnuManuale_Click();
     void mnuInformazioni_Click();
     void mnuEsci_Click();
+    void mnuElenco_Click();
 
     const VoceCatalogo* VoceSelezionata() const;
     double ValoreDimensione() const;
@@ -180,6 +181,7 @@ private:
 
     QMenu* mnuFile;
     QAction* mnuEsci;
+    QAction* mnuElenco;  // File > List...: the list window
     QMenu* mnuModifica;
     QAction* mnuFont;
     QAction* mnuIncludiCheckDigit;

@@ -36,6 +36,9 @@ void frmPrincipale::CreaMenu() {
         return a;
     };
     mnuFile = menu("mnuFile");
+    mnuElenco = voce(mnuFile, "mnuElenco");
+    mnuElenco->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_L));
+    mnuFile->addSeparator();
     mnuEsci = voce(mnuFile, "mnuEsci");
     mnuModifica = menu("mnuModifica");
     mnuFont = voce(mnuModifica, "mnuFont");
@@ -81,6 +84,7 @@ void frmPrincipale::CaricaTesti() {
     cmdClipboard->setToolTip(CaricaStringa(271));
     mnuFile->setTitle(CaricaStringa(272));
     mnuEsci->setText(CaricaStringa(273));
+    mnuElenco->setText(CaricaStringa(IdElenco));
     mnuModifica->setTitle(CaricaStringa(274));
     mnuFont->setText(CaricaStringa(275));
     mnuQmark->setTitle(CaricaStringa(276));
