@@ -19,6 +19,7 @@ byte-order mark of the first line dropped|C39|\xef\xbb\xbfab\n|0|#AB#\n
 glyphs above 127 as UTF-8, bytes untouched|C128 'a~'||0|\xe2\x80\xb0b\xe2\x80\x93Q\xe2\x80\xb9\n
 a two-line result keeps its CR LF in codes|--output=codes --hrc 'Codice 32' 12345678||0|124 42 66 77 90 90 76 80 35 13 10 65 48 49 50 51 52 53 54 55 56\n
 an accented argument read as UTF-8|--output=json C39 'Città'||1|{"content":"Città",*"position":5}}\n
+CSV keeps its CR LF line ends|--csv --column=code C39|n;code\r\n1;ab\r\n|0|n;code;barcode;hrc;error\r\n1;ab;#AB#;;\r\n
 the refused line named on standard error|C39|ab\nà\n|1|#AB#\n\n|krt-encode: line 2: The character "à" at position 1 *
 TABELLA
 )
