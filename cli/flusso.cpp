@@ -8,12 +8,20 @@
 
 #ifdef _WIN32
 #include <io.h>
+#ifndef NOMINMAX
+#define NOMINMAX  // std::min and std::max, not the macros
+#endif
+#include <windows.h>
 #define KRT_READ _read
 #define KRT_WRITE _write
+// Wine's C runtime fails a larger write to a pipe whose reader has gone without the system's
+// error, so that it could not be told from a fault of krt-encode.
+constexpr std::size_t KRT_WRITE_MAX = 1 << 16;
 #else
 #include <unistd.h>
 #define KRT_READ ::read
 #define KRT_WRITE ::write
+constexpr std::size_t KRT_WRITE_MAX = 1 << 30;
 #endif
 
 namespace krt {
@@ -31,8 +39,16 @@ FunzioneLettura LetturaDescrittore(int descrittore) {
 FunzioneScrittura ScritturaDescrittore(int descrittore) {
     return [descrittore](const char* dati, std::size_t n) -> std::ptrdiff_t {
         for (;;) {
-            const auto scritti = KRT_WRITE(descrittore, dati, static_cast<unsigned>(std::min<std::size_t>(n, 1 << 30)));
+            const auto scritti = KRT_WRITE(descrittore, dati, static_cast<unsigned>(std::min(n, KRT_WRITE_MAX)));
             if (scritti < 0 && errno == EINTR) continue;
+#ifdef _WIN32
+            // A pipe whose reader has gone: the C runtime says EINVAL, which would read as a fault of krt-encode.
+            if (scritti < 0) {
+                const DWORD guasto = GetLastError();
+                if (guasto == ERROR_NO_DATA || guasto == ERROR_BROKEN_PIPE || guasto == ERROR_PIPE_NOT_CONNECTED)
+                    errno = EPIPE;
+            }
+#endif
             return scritti;
         }
     };

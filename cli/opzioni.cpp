@@ -188,7 +188,8 @@ std::string TestoAiuto() {
         t += '\n';
     }
     t += "\n"
-         "Input lines end at LF (a CR before it is dropped). Content longer than\n";
+         "Input lines end at LF (a CR before it is dropped); a UTF-8 byte-order mark at the\n"
+         "start of the input is dropped. Content longer than\n";
     t += std::to_string(LunghezzaMassimaContenuto);
     t += " characters is refused.\n"
          "A refused content gives an empty result and \"line N: reason\" on standard error;\n"

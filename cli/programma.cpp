@@ -22,6 +22,8 @@ namespace {
 // The longest raw line worth decoding: four UTF-8 bytes per content character at most.
 constexpr std::size_t LunghezzaMassimaRiga = 4 * LunghezzaMassimaContenuto;
 
+constexpr std::string_view MarcaOrdineByte = "\xEF\xBB\xBF";
+
 std::string TestoErrore(int numero) { return numero != 0 ? std::strerror(numero) : "unknown error"; }
 
 // The status of a run whose writing may have failed: a failed output is reported on
@@ -100,6 +102,10 @@ int EseguiKrtEncode(std::span<const char* const> argomenti, FunzioneLettura ingr
                 lunga.errore = TestoRifiuto(lunga.rifiuto, simbologia.codice);
                 scrivi(lunga, numero);
             } else {
+                // A UTF-8 byte-order mark, as Windows editors write at the start of a file,
+                // is not content.
+                if (numero == 1 && opzioni.ingresso == CodificaIngresso::Utf8 && riga.starts_with(MarcaOrdineByte))
+                    riga.remove_prefix(MarcaOrdineByte.size());
                 CodificaContenuto(simbologia, opzioni, riga, r);
                 scrivi(r, numero);
             }

@@ -7,6 +7,7 @@
 // Each FILE lists its texts under the English id (0-999); OFFSET is added to store them.
 #include <cstdint>
 #include <cstdio>
+#include <filesystem>
 #include <fstream>
 #include <map>
 #include <set>
@@ -15,7 +16,24 @@
 #include <string>
 #include <vector>
 
+#ifdef _WIN32
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#include <windows.h>
+#endif
+
 namespace {
+
+// A file name as UTF-8. Windows opens it as UTF-16: its ANSI code page would lose the letters
+// it lacks from a source folder's name.
+std::filesystem::path Percorso(const std::string& utf8) {
+#ifdef _WIN32
+    return std::filesystem::path(std::u8string(utf8.begin(), utf8.end()));
+#else
+    return utf8;
+#endif
+}
 
 struct Lingua {
     int offset = 0;
@@ -47,7 +65,7 @@ std::string Decodifica(const std::string& grezzo, const std::string& file, int r
 }
 
 void Leggi(Lingua& lingua) {
-    std::ifstream in(lingua.file, std::ios::binary);
+    std::ifstream in(Percorso(lingua.file), std::ios::binary);
     if (!in) throw std::runtime_error(lingua.file + ": cannot be read");
     std::string riga;
     int numero = 0;
@@ -90,7 +108,7 @@ std::string LetteraleCpp(const std::string& testo) {
 
 }  // namespace
 
-int main(int argc, char* argv[]) {
+int Genera(int argc, const char* const argv[]) {
     try {
         if (argc < 3) throw std::runtime_error("usage: genera_stringhe OUTPUT.cpp OFFSET=FILE [OFFSET=FILE ...]");
         std::vector<Lingua> lingue;
@@ -126,7 +144,7 @@ int main(int argc, char* argv[]) {
         out << "};\n\n}  // namespace\n\n"
                "std::span<const VoceTabellaStringhe> TabellaStringhe() { return kVoci; }\n\n"
                "}  // namespace krt\n";
-        std::ofstream file(argv[1], std::ios::binary);
+        std::ofstream file(Percorso(argv[1]), std::ios::binary);
         file << out.str();
         if (!file.flush()) throw std::runtime_error(std::string(argv[1]) + ": cannot be written");
     } catch (const std::exception& e) {
@@ -135,3 +153,22 @@ int main(int argc, char* argv[]) {
     }
     return 0;
 }
+
+#ifdef _WIN32
+// The arguments as UTF-16, passed on as UTF-8 (see Percorso).
+int wmain(int argc, wchar_t* argv[]) {
+    std::vector<std::string> utf8;
+    for (int i = 0; i < argc; ++i) {
+        const int n = WideCharToMultiByte(CP_UTF8, 0, argv[i], -1, nullptr, 0, nullptr, nullptr);
+        std::string a(static_cast<std::size_t>(n > 0 ? n : 1), '\0');
+        if (n > 0) WideCharToMultiByte(CP_UTF8, 0, argv[i], -1, a.data(), n, nullptr, nullptr);
+        a.resize(a.size() - 1);
+        utf8.push_back(std::move(a));
+    }
+    std::vector<const char*> argomenti;
+    for (const auto& a : utf8) argomenti.push_back(a.c_str());
+    return Genera(argc, argomenti.data());
+}
+#else
+int main(int argc, char* argv[]) { return Genera(argc, argv); }
+#endif

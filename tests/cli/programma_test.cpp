@@ -56,6 +56,8 @@ const Caso Casi[] = {
      "cannot read the input: Is a directory"},
     {"read fault after a line: the unfinished one is dropped", {"C39"}, "A\nB", false, EIO, Illimitato, Illimitato,
      UscitaIO, "#A#\n", "cannot read the input"},
+    {"byte-order mark before the first line only", {"C39"}, "\xEF\xBB\xBF" "ab\r\n\xEF\xBB\xBF" "c\n", false, 0,
+     Illimitato, Illimitato, UscitaRifiuti, "#AB#\n\n", "line 2: "},
     {"endless input into a closed pipe", {"C39"}, "123\n", true, 0, 30, Illimitato, UscitaIO, "*", "Broken pipe"},
     {"csv: read fault inside a quoted field", {"--csv", "C39"}, "c\nAB\n\"A", false, EIO, Illimitato, Illimitato,
      UscitaIO, "c,barcode,hrc,error\nAB,#AB#,,\n", "cannot read the input"},

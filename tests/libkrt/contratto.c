@@ -6,8 +6,46 @@
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
-#ifndef __STDC_NO_THREADS__
+#ifdef _WIN32
+/* Windows' C runtimes have no <threads.h>: the three calls used here, on Windows threads. */
+#include <process.h>
+#include <windows.h>
+typedef HANDLE thrd_t;
+enum { thrd_success = 0, thrd_error = 1 };
+struct avvio {
+    int (*funzione)(void *);
+    void *arg;
+};
+static unsigned __stdcall avvia(void *p) {
+    const struct avvio a = *(struct avvio *)p;
+    free(p);
+    return (unsigned)a.funzione(a.arg);
+}
+static int thrd_create(thrd_t *filo, int (*funzione)(void *), void *arg) {
+    struct avvio *a = malloc(sizeof *a);
+    if (a == NULL) return thrd_error;
+    a->funzione = funzione;
+    a->arg = arg;
+    *filo = (HANDLE)_beginthreadex(NULL, 0, avvia, a, 0, NULL);
+    if (*filo == 0) free(a);
+    return *filo != 0 ? thrd_success : thrd_error;
+}
+static int thrd_join(thrd_t filo, int *esito) {
+    DWORD codice = 0;
+    WaitForSingleObject(filo, INFINITE);
+    GetExitCodeThread(filo, &codice);
+    CloseHandle(filo);
+    if (esito != NULL) *esito = (int)codice;
+    return thrd_success;
+}
+#elif !defined(__STDC_NO_THREADS__)
 #include <threads.h>
+#endif
+
+#ifdef _WIN64
+#include <stddef.h>
+/* The layout the VBA module (libkrt/vba/KRT.bas) reads a reason with. */
+_Static_assert(offsetof(krt_reason, text) == 40 && sizeof(krt_reason) == 296, "krt_reason as KRT.bas reads it");
 #endif
 
 static int fallimenti = 0;
