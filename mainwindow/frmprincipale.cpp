@@ -30,6 +30,7 @@
 #include "mainwindow/informazioni.h"
 #include "mainwindow/rtf.h"
 #include "mainwindow/scansione.h"
+#include "mainwindow/stampa.h"
 #include "support/cp1252.h"
 #include "support/frmsplash.h"
 #include "support/stringhe.h"
@@ -112,6 +113,9 @@ void frmPrincipale::CollegaEventi() {
     connect(mnuManuale, &QAction::triggered, this, protetto(&frmPrincipale::mnuManuale_Click));
     connect(mnuInformazioni, &QAction::triggered, this, protetto(&frmPrincipale::mnuInformazioni_Click));
     connect(mnuEsci, &QAction::triggered, this, protetto(&frmPrincipale::mnuEsci_Click));
+    connect(mnuEsporta, &QAction::triggered, this, protetto(&frmPrincipale::mnuEsporta_Click));
+    connect(mnuStampa, &QAction::triggered, this, protetto(&frmPrincipale::mnuStampa_Click));
+    connect(pannelloStampa_, &PannelloStampa::cambiato, this, protetto(&frmPrincipale::AggiornaMisuraStampa));
 }
 
 // ---- Start-up ---------------------------------------------------------------------------

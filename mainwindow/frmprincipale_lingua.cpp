@@ -16,6 +16,7 @@
 #include "mainwindow/configurazione.h"
 #include "mainwindow/frmprincipale_comune.h"
 #include "mainwindow/scansione.h"
+#include "mainwindow/stampa.h"
 #include "support/stringhe.h"
 #include "support/varie.h"
 
@@ -36,6 +37,11 @@ void frmPrincipale::CreaMenu() {
         return a;
     };
     mnuFile = menu("mnuFile");
+    mnuEsporta = voce(mnuFile, "mnuEsporta");
+    mnuEsporta->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_E));
+    mnuStampa = voce(mnuFile, "mnuStampa");
+    mnuStampa->setShortcut(QKeySequence::Print);
+    mnuFile->addSeparator();
     mnuEsci = voce(mnuFile, "mnuEsci");
     mnuModifica = menu("mnuModifica");
     mnuFont = voce(mnuModifica, "mnuFont");
@@ -81,6 +87,9 @@ void frmPrincipale::CaricaTesti() {
     cmdClipboard->setToolTip(CaricaStringa(271));
     mnuFile->setTitle(CaricaStringa(272));
     mnuEsci->setText(CaricaStringa(273));
+    mnuEsporta->setText(CaricaStringa(IdStampa::Esporta));
+    mnuStampa->setText(CaricaStringa(IdStampa::Stampa));
+    pannelloStampa_->CaricaTesti();
     mnuModifica->setTitle(CaricaStringa(274));
     mnuFont->setText(CaricaStringa(275));
     mnuQmark->setTitle(CaricaStringa(276));

@@ -82,7 +82,7 @@ protected:
         ASSERT_TRUE(cartella.isValid());
         ASSERT_TRUE(QDir(cartella.path()).mkpath(QStringLiteral("home")));
         qputenv("KRT_DATA_DIR", cartella.path().toLocal8Bit());
-        finestra = std::make_unique<frmPrincipale>(ServiziFinestra{[](auto...) {}, {}, {}, {}});
+        finestra = std::make_unique<frmPrincipale>(ServiziFinestra{[](auto...) {}, {}, {}, {}, {}, {}});
         finestra->Avvia();
         txtCodice = finestra->findChild<QLineEdit*>(QStringLiteral("txtCodice"));
         cmbSimbologia = finestra->findChild<QComboBox*>(QStringLiteral("cmbSimbologia"));

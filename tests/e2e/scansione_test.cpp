@@ -85,7 +85,7 @@ protected:
         ASSERT_GT(FontDiProvaCaricati(), 0) << "no test font loaded from KRT_FONT_TEST";
         ASSERT_TRUE(cartella.isValid());
         qputenv("KRT_DATA_DIR", cartella.path().toLocal8Bit());
-        finestra = std::make_unique<frmPrincipale>(ServiziFinestra{[](auto...) {}, {}, {}, {}});
+        finestra = std::make_unique<frmPrincipale>(ServiziFinestra{[](auto...) {}, {}, {}, {}, {}, {}});
         finestra->Avvia();
         txtCodice = finestra->findChild<QLineEdit*>(QStringLiteral("txtCodice"));
         cmbSimbologia = finestra->findChild<QComboBox*>(QStringLiteral("cmbSimbologia"));
