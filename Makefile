@@ -9,7 +9,8 @@ JOBS       ?= $(shell nproc 2>/dev/null || echo 2)
 FUZZ_SECONDS ?= 60
 
 # Debian packages the build, the tests and the benchmarks need.
-PACKAGES := g++ cmake make pkg-config qt6-base-dev libgl-dev libgtest-dev libgmock-dev libbenchmark-dev libzxing-dev python3-fonttools zbar-tools
+PACKAGES := g++ cmake make pkg-config qt6-base-dev libgl-dev libgtest-dev libgmock-dev libbenchmark-dev libzxing-dev python3-fonttools zbar-tools \
+            python3-dev pybind11-dev
 FUZZ_PACKAGES := clang libclang-rt-dev
 BENCH_PACKAGES := zint time
 PACKAGE_PACKAGES := dpkg-dev file
@@ -62,6 +63,8 @@ test-e2e:
 bench:
 	$(MAKE) --no-print-directory build EXTRA_PACKAGES="$(BENCH_PACKAGES)"
 	./$(BUILD)/bench/bench_engine
+	./$(BUILD)/bench/bench_libkrt
+	PYTHONPATH=$(BUILD)/libkrt/python python3 bench/libkrt/bench_python.py
 	@if [ -x bench/batch.sh ]; then bench/batch.sh $(BUILD); fi
 
 # Every libFuzzer target for FUZZ_SECONDS each, one after the other; each keeps its
@@ -81,13 +84,16 @@ fuzz:
 install: build
 	cmake --install $(BUILD) --prefix $(PREFIX)
 
-# Debian package (krt_<version>_<arch>.deb in the build folder), installed with apt-get install ./krt_*.deb
+# Debian packages in the build folder, one per component: krt (the programs), libkrt1 (the shared
+# library), libkrt-dev (header, static library, pkg-config, CMake package) and python3-krt;
+# installed with apt-get install ./krt_*.deb ./libkrt1_*.deb ...
 package:
 	$(MAKE) --no-print-directory build EXTRA_PACKAGES="$(PACKAGE_PACKAGES)"
 	cmake -S . -B $(BUILD) -DCMAKE_INSTALL_PREFIX=/usr
 	cmake --build $(BUILD) -j $(JOBS)
+	rm -f $(BUILD)/*.deb
 	cd $(BUILD) && cpack -G DEB
-	@ls -1 $(BUILD)/krt_*.deb
+	@ls -1 $(BUILD)/*.deb
 
 clean:
 	rm -rf $(BUILD) $(BUILD_ASAN) $(BUILD_FUZZ)
