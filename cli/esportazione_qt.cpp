@@ -1,6 +1,6 @@
 // krt-encode --export, the drawing (see esportazione.h): the one part of krt-encode that
-// needs Qt. The application is created only for an export, so that encoding stays as
-// quick as before.
+// needs Qt. On Linux it is a module loaded only by a run that exports, so that no other
+// run loads Qt; the application is created only for the export.
 #include <cstdio>
 #include <optional>
 
@@ -82,3 +82,11 @@ int EsportaSimbolo(const RichiestaEsportazione& richiesta, std::string& errore) 
 }
 
 }  // namespace krt
+
+#ifdef KRT_MODULO
+// The entry point krt-encode looks up when it loads this module.
+extern "C" __attribute__((visibility("default"))) int krt_esporta_simbolo(const krt::RichiestaEsportazione& richiesta,
+                                                                          std::string& errore) {
+    return krt::EsportaSimbolo(richiesta, errore);
+}
+#endif
