@@ -54,13 +54,19 @@ PannelloStampa::PannelloStampa(QWidget* genitore) : QWidget(genitore) {
     labDpi_->setBuddy(spnDpi_);
     labCopie_->setBuddy(spnCopie_);
 
-    auto* riga = new QHBoxLayout(this);
-    riga->setContentsMargins(0, 0, 0, 0);
+    // The boxes on one line, what KRT chooses from them on the next.
+    auto* colonna = new QVBoxLayout(this);
+    colonna->setContentsMargins(0, 0, 0, 0);
+    colonna->setSpacing(2);
+    auto* riga = new QHBoxLayout;
     for (QWidget* w : std::initializer_list<QWidget*>{labModulo_, txtModulo_, cmbUnita_, labDpi_, spnDpi_, labCopie_,
-                                                      spnCopie_})
+                                                      spnCopie_}) {
+        if (w == labDpi_ || w == labCopie_) riga->addSpacing(12);
         riga->addWidget(w);
-    riga->addSpacing(12);
-    riga->addWidget(labMisura_, 1);
+    }
+    riga->addStretch(1);
+    colonna->addLayout(riga);
+    colonna->addWidget(labMisura_);
 
     connect(txtModulo_, &QLineEdit::textChanged, this, &PannelloStampa::cambiato);
     connect(cmbUnita_, &QComboBox::currentIndexChanged, this, &PannelloStampa::cambiato);

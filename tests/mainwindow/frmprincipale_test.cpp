@@ -19,10 +19,12 @@
 #include <QListWidget>
 #include <QMimeData>
 #include <QPrinter>
+#include <QProcess>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QScrollBar>
 #include <QSpinBox>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTextBlock>
@@ -731,6 +733,13 @@ TEST_F(Finestra, EsportaEStampa) {
             EXPECT_TRUE(messaggi[0].testo.startsWith(CaricaStringa(c.messaggio).section(QLatin1Char('%'), 0, 0)));
             EXPECT_FALSE(QFile::exists(fileEsportazione));
         }
+    }
+    // Twelve small copies share one page.
+    if (!QStandardPaths::findExecutable(QStringLiteral("pdfinfo")).isEmpty()) {
+        QProcess pdfinfo;
+        pdfinfo.start(QStringLiteral("pdfinfo"), {cartella.filePath(QStringLiteral("stampa.pdf"))});
+        ASSERT_TRUE(pdfinfo.waitForFinished());
+        EXPECT_TRUE(QString::fromUtf8(pdfinfo.readAllStandardOutput()).contains(QRegularExpression(QStringLiteral("Pages:\\s+1\\n"))));
     }
     // The PNG is whole dots of 3 per module across, at the resolution asked.
     const QImage png(cartella.filePath(QStringLiteral("k.png")));
