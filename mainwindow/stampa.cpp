@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QPainter>
 #include <QPrinter>
+#include <QSettings>
 #include <QSpinBox>
 
 #include "support/stringhe.h"
@@ -95,6 +96,27 @@ MisuraStampa PannelloStampa::Misura(double punti) const {
 }
 
 int PannelloStampa::Copie() const { return spnCopie_->value(); }
+
+void PannelloStampa::Ripristina(QSettings& impostazioni) {
+    impostazioni.beginGroup(QStringLiteral("stampa"));
+    const QString modulo = impostazioni.value(QStringLiteral("modulo")).toString();
+    int posizione = 0;
+    QString prova = modulo;
+    if (txtModulo_->validator()->validate(prova, posizione) == QValidator::Acceptable) txtModulo_->setText(modulo);
+    cmbUnita_->setCurrentIndex(impostazioni.value(QStringLiteral("mils")).toBool() ? 1 : 0);
+    spnDpi_->setValue(impostazioni.value(QStringLiteral("dpi"), DpiPredefinito).toInt());  // clamped by the box
+    spnCopie_->setValue(impostazioni.value(QStringLiteral("copie"), 1).toInt());
+    impostazioni.endGroup();
+}
+
+void PannelloStampa::Salva(QSettings& impostazioni) const {
+    impostazioni.beginGroup(QStringLiteral("stampa"));
+    impostazioni.setValue(QStringLiteral("modulo"), txtModulo_->text());
+    impostazioni.setValue(QStringLiteral("mils"), cmbUnita_->currentIndex() == 1);
+    impostazioni.setValue(QStringLiteral("dpi"), spnDpi_->value());
+    impostazioni.setValue(QStringLiteral("copie"), spnCopie_->value());
+    impostazioni.endGroup();
+}
 
 void PannelloStampa::Aggiorna(const SimboloDaDisegnare* simbolo, double punti) {
     if (simbolo == nullptr) {

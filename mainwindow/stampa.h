@@ -11,6 +11,7 @@ class QComboBox;
 class QLabel;
 class QLineEdit;
 class QPrinter;
+class QSettings;
 class QSpinBox;
 
 namespace krt {
@@ -49,6 +50,10 @@ public:
     // The sizing asked for: the module box when it holds a width, else the size in points.
     MisuraStampa Misura(double punti) const;
     int Copie() const;
+    // The row's values kept in the host's settings store beside the window's geometry
+    // (never in the options record).
+    void Ripristina(QSettings& impostazioni);
+    void Salva(QSettings& impostazioni) const;
     // The figures for a symbol (nullptr: none drawn, the line is empty).
     void Aggiorna(const SimboloDaDisegnare* simbolo, double punti);
 

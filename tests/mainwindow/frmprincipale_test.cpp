@@ -23,6 +23,7 @@
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QScrollBar>
+#include <QSettings>
 #include <QSpinBox>
 #include <QStandardPaths>
 #include <QTemporaryDir>
@@ -36,6 +37,7 @@
 #include "mainwindow/configurazione.h"
 #include "mainwindow/frmprincipale.h"
 #include "mainwindow/informazioni.h"
+#include "mainwindow/stampa.h"
 #include "support/cp1252.h"
 #include "support/stringhe.h"
 
@@ -740,6 +742,16 @@ TEST_F(Finestra, EsportaEStampa) {
         pdfinfo.start(QStringLiteral("pdfinfo"), {cartella.filePath(QStringLiteral("stampa.pdf"))});
         ASSERT_TRUE(pdfinfo.waitForFinished());
         EXPECT_TRUE(QString::fromUtf8(pdfinfo.readAllStandardOutput()).contains(QRegularExpression(QStringLiteral("Pages:\\s+1\\n"))));
+    }
+    // The row's values survive a restart through the host's settings store.
+    {
+        QSettings impostazioni(cartella.filePath(QStringLiteral("krt.conf")), QSettings::IniFormat);
+        finestra->findChild<PannelloStampa*>()->Salva(impostazioni);
+        PannelloStampa altro(nullptr);
+        altro.Ripristina(impostazioni);
+        EXPECT_EQ(altro.Copie(), 12);
+        EXPECT_EQ(altro.Misura(10).dpi, 300);
+        EXPECT_DOUBLE_EQ(altro.Misura(10).moduloMm, 0.25);
     }
     // The PNG is whole dots of 3 per module across, at the resolution asked.
     const QImage png(cartella.filePath(QStringLiteral("k.png")));
