@@ -15,7 +15,8 @@ PACKAGES := g++ cmake make pkg-config qt6-base-dev qt6-svg-dev libgl-dev libgtes
 FUZZ_PACKAGES := clang libclang-rt-dev
 BENCH_PACKAGES := zint time
 PACKAGE_PACKAGES := dpkg-dev file
-E2E_PACKAGES := libreoffice-writer poppler-utils fontconfig python3-fonttools
+# The Calc functions' test also needs Calc, LibreOffice's Python and the SDK's IDL compiler.
+E2E_PACKAGES := libreoffice-writer libreoffice-calc libreoffice-l10n-it python3-uno libreoffice-dev poppler-utils fontconfig python3-fonttools
 PREFIX ?= /usr/local
 # ccache, when present, makes rebuilds and the second (sanitizer) tree cheap; nothing needs it.
 LAUNCHER := $(shell command -v ccache >/dev/null 2>&1 && echo -DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
@@ -54,12 +55,13 @@ test-asan: deps
 	  ctest --output-on-failure -j $(JOBS)
 
 # Scan test through LibreOffice: clipboard RTF -> PDF -> 300 dpi page -> barcode reader,
-# with the reference test fonts in both character maps. Installs what it needs first.
+# with the reference test fonts in both character maps; and the Calc functions (krt.oxt in a
+# headless Calc: CSV against krt-encode, PDF read back). Installs what it needs first.
 test-e2e:
 	$(MAKE) --no-print-directory deps EXTRA_PACKAGES="$(E2E_PACKAGES)"
 	cmake -S . -B $(BUILD) -DCMAKE_BUILD_TYPE=Release $(LAUNCHER)
-	cmake --build $(BUILD) -j $(JOBS) --target test_scansione_libreoffice
-	cd $(BUILD) && QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j $(JOBS) -R 'ScansioneLibreOffice'
+	cmake --build $(BUILD) -j $(JOBS) --target test_scansione_libreoffice krt-encode krt_python krt_oxt leggi_pgm test_fonts
+	cd $(BUILD) && QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j $(JOBS) -R 'ScansioneLibreOffice|Calc\.|LibKrt\.Calc'
 
 bench:
 	$(MAKE) --no-print-directory build EXTRA_PACKAGES="$(BENCH_PACKAGES)"

@@ -71,7 +71,7 @@ int Codifica(const char* simbologia, std::string_view contenuto, unsigned flag, 
     return stato;
 }
 
-py::str Encode(const std::string& simbologia, const py::str& contenuto, bool check) {
+py::str Encode(const std::string& simbologia, const py::str& contenuto, bool check, bool italiano) {
     const std::string_view c = Utf8(contenuto);
     char piccolo[256];
     std::string grande;
@@ -80,7 +80,7 @@ py::str Encode(const std::string& simbologia, const py::str& contenuto, bool che
     const int stato = Codifica(simbologia.c_str(), c, Flag(check), grande, p, n, piccolo);
     if (stato == KRT_OK) return Str(p, n);
     krt_reason motivo{};
-    krt_explain(simbologia.c_str(), c.data(), c.size(), Flag(check), &motivo);
+    krt_explain(simbologia.c_str(), c.data(), c.size(), Flag(check) | (italiano ? KRT_ITALIAN : 0u), &motivo);
     Solleva(stato, &motivo);
 }
 
@@ -188,7 +188,8 @@ py::str Isbn(const py::str& isbn, int forma, bool italiano) {
 
 PYBIND11_MODULE(_krt, m) {
     m.doc() = "KRT barcode font encoder (the C library libkrt)";
-    m.def("encode", &Encode, py::arg("symbology"), py::arg("content"), py::arg("check") = false);
+    m.def("encode", &Encode, py::arg("symbology"), py::arg("content"), py::arg("check") = false,
+          py::arg("italian") = false);
     m.def("encode_many", &EncodeMany, py::arg("symbology"), py::arg("contents"), py::arg("check") = false,
           py::arg("strict") = false);
     m.def("entry", &Entry, py::arg("name"), py::arg("content"), py::arg("check") = false, py::arg("hrc") = false,

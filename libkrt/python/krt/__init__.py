@@ -59,9 +59,10 @@ class Entry:
 from . import _krt  # noqa: E402  (the exceptions above are raised from it)
 
 
-def encode(symbology: str, content: str, check: bool = False) -> str:
-    """Glyph string of content for a symbology code ("EAN13", "C128" ..., any case)."""
-    return _krt.encode(symbology, content, check)
+def encode(symbology: str, content: str, check: bool = False, italian: bool = False) -> str:
+    """Glyph string of content for a symbology code ("EAN13", "C128" ..., any case).
+    italian: the text of a refusal's reason."""
+    return _krt.encode(symbology, content, check, italian)
 
 
 def encode_many(symbology: str, contents: Iterable[str], check: bool = False, strict: bool = False) -> list:
