@@ -124,7 +124,12 @@ void PannelloStampa::Aggiorna(const SimboloDaDisegnare* simbolo, double punti) {
         return;
     }
     const MisuraStampa m = Misura(punti);
-    const MisuraGlifi g = MisuraGlifiFamiglia(simbolo->glifi, simbolo->famiglia);
+    if (simbolo->glifi != glifiMisurati_ || simbolo->famiglia != famigliaMisurata_ || misura_.moduliPerEm <= 0) {
+        misura_ = MisuraGlifiFamiglia(simbolo->glifi, simbolo->famiglia);
+        glifiMisurati_ = simbolo->glifi;
+        famigliaMisurata_ = simbolo->famiglia;
+    }
+    const MisuraGlifi& g = misura_;
     if (g.moduliPerEm <= 0) {
         labMisura_->clear();
         return;

@@ -2,6 +2,8 @@
 // (mm or mils), the printer's resolution and the labels per page, the figures KRT chooses
 // from them, and the two actions that draw the symbol without its font.
 #pragma once
+#include <string>
+
 #include <QString>
 #include <QWidget>
 
@@ -69,6 +71,10 @@ private:
     QLabel* labCopie_;
     QSpinBox* spnCopie_;
     QLabel* labMisura_;
+    // The font's measure of the last glyph string: the status updates at every keystroke.
+    std::string glifiMisurati_;
+    QString famigliaMisurata_;
+    MisuraGlifi misura_;
 };
 
 // Why a drawing failed, in the current language ("" when it did not).
