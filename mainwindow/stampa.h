@@ -40,7 +40,7 @@ inline constexpr int FiltroFile = 786;
 inline constexpr int TipoSconosciuto = 787;
 inline constexpr int NonStampato = 788;
 inline constexpr int TitoloEsporta = 789;
-inline constexpr int GlifoMancante = 790;    // %1 family, %2 byte
+inline constexpr int GlifoMancante = 769;    // %1 byte
 }  // namespace IdStampa
 
 class PannelloStampa : public QWidget {
