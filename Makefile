@@ -72,7 +72,7 @@ bench:
 
 # Every libFuzzer target for FUZZ_SECONDS each, one after the other; each keeps its
 # corpus in $(BUILD_FUZZ)/corpus/<target> and starts from the seeds in fuzz/corpus/<target>.
-FUZZ_TARGETS := engine cli_righe cli_opzioni gs1 record
+FUZZ_TARGETS := engine cli_righe cli_opzioni gs1 record csv
 fuzz:
 	$(MAKE) --no-print-directory deps EXTRA_PACKAGES="$(FUZZ_PACKAGES)"
 	CXX=clang++ cmake -S . -B $(BUILD_FUZZ) -DCMAKE_BUILD_TYPE=RelWithDebInfo -DKRT_FUZZ=ON -DKRT_WITH_GUI=OFF -DKRT_WITH_BENCH=OFF

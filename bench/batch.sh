@@ -4,6 +4,9 @@
 #   Code 128 over random lines of 6-20 printable ASCII characters.
 # Reports wall time, user time and maximum resident set size (GNU time -v) of each run,
 # and the resident set of krt-encode on a small file, to show that memory stays flat.
+# Then krt-encode --csv against its own line mode on the same EAN-13 contents, as a CSV
+# file of one column and as one with a second, quoted column holding a delimiter and
+# doubled quotes (2.7 times the bytes): --csv must keep at least half the speed.
 #
 # Usage: bench/batch.sh BUILD_DIR        (uses BUILD_DIR/cli/krt-encode)
 # KRT_BENCH_LINES sets the number of lines per file (default 1000000).
@@ -41,6 +44,9 @@ awk -v n="$lines" 'BEGIN { srand(20240602)
     for (j = 0; j < k; j++) { c = 32 + int(rand() * 94); if (c >= 92) c++; s = s sprintf("%c", c) }
     print s } }' >"$work/c128.txt"
 head -n "$small" "$work/ean13.txt" >"$work/ean13-small.txt"
+awk 'BEGIN { print "ean" } { print }' "$work/ean13.txt" >"$work/ean13-1.csv"
+awk 'BEGIN { print "ean;name" } { printf "%s;\"item %d; \"\"A\"\"\"\r\n", $0, NR }' "$work/ean13.txt" >"$work/ean13-2.csv"
+head -n "$small" "$work/ean13-2.csv" >"$work/ean13-small.csv"
 head -n "$small" "$work/c128.txt" >"$work/c128-small.txt"
 
 # run LABEL INPUT COMMAND...: times COMMAND with INPUT on stdin, output discarded.
@@ -79,3 +85,19 @@ echo "$lines lines per file; load average before: $(cut -d' ' -f1-3 /proc/loadav
 printf '%-9s %-40s %8s %8s %12s\n' "file" "program" "wall s" "user s" "max RSS KB"
 compare ean13 "EAN13 --check" "--batch --dump -b 13"
 compare c128 "C128" "--batch --dump -b 20"
+
+# --csv against line mode on the same contents.
+run "krt-encode EAN13 --check" "$work/ean13.txt" "$krt" EAN13 --check
+lwall=$wall luser=$user
+printf '%-9s %-40s %8s %8s %12s\n' "ean13" "krt-encode EAN13 --check (lines)" "$wall" "$user" "$rss"
+for k in 1 2; do
+  run "krt-encode --csv EAN13 --check" "$work/ean13-$k.csv" "$krt" --csv EAN13 --check
+  cwall=$wall cuser=$user
+  printf '%-9s %-40s %8s %8s %12s\n' "ean13-$k.csv" "krt-encode --csv EAN13 --check" "$wall" "$user" "$rss"
+  awk -v lw="$lwall" -v cw="$cwall" -v lu="$luser" -v cu="$cuser" -v k="$k" 'BEGIN {
+    rw = cw > 0 ? lw / cw : 0; ru = cu > 0 ? lu / cu : 0
+    printf "csv       --csv (%d column%s) runs at %.2f of line mode in wall time, %.2f in user time (target 0.5)%s\n",
+           k, (k > 1 ? "s" : ""), rw, ru, (rw >= 0.5 ? "" : "  BELOW TARGET") }'
+done
+run "krt-encode --csv (small)" "$work/ean13-small.csv" "$krt" --csv EAN13 --check
+printf '%-9s %-40s %8s %8s %12s\n' "ean13-2.csv" "krt-encode --csv ($small lines)" "$wall" "$user" "$rss"

@@ -28,17 +28,6 @@ void AccodaNumero(std::string& uscita, unsigned n) {
     while (k > 0) uscita += cifre[--k];
 }
 
-// Glyphs in text form: UTF-8 on one line. The line break of a two-line result (CR LF)
-// becomes a TAB, which no glyph string holds otherwise.
-void AccodaGlifiTesto(std::string& uscita, std::string_view glifi) {
-    for (std::size_t a_capo; (a_capo = glifi.find("\r\n")) != std::string_view::npos;) {
-        AccodaCp1252InUtf8(uscita, glifi.substr(0, a_capo));
-        uscita += '\t';
-        glifi.remove_prefix(a_capo + 2);
-    }
-    AccodaCp1252InUtf8(uscita, glifi);
-}
-
 void AccodaCodici(std::string& uscita, std::string_view glifi) {
     for (std::size_t i = 0; i < glifi.size(); ++i) {
         if (i != 0) uscita += ' ';
@@ -53,6 +42,21 @@ void AccodaCp1252Json(std::string& uscita, std::string_view byte) {
 }
 
 }  // namespace
+
+void AccodaGlifiTesto(std::string& uscita, std::string_view glifi, bool utf8) {
+    auto accoda = [&](std::string_view parte) {
+        if (utf8)
+            AccodaCp1252InUtf8(uscita, parte);
+        else
+            uscita += parte;
+    };
+    for (std::size_t a_capo; (a_capo = glifi.find("\r\n")) != std::string_view::npos;) {
+        accoda(glifi.substr(0, a_capo));
+        uscita += '\t';
+        glifi.remove_prefix(a_capo + 2);
+    }
+    accoda(glifi);
+}
 
 bool RisolviSimbologia(std::string_view testo, std::string_view stile, Simbologia& simbologia) {
     simbologia = {};

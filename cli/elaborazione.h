@@ -39,6 +39,10 @@ RisultatoRiga CodificaRiga(const Simbologia& simbologia, const OpzioniCli& opzio
 void CodificaRiga(const Simbologia& simbologia, const OpzioniCli& opzioni, std::string_view riga,
                   RisultatoRiga& risultato);
 
+// Glyphs in text form, on one line: the line break of a two-line result (CR LF) becomes a
+// TAB, which no glyph string holds otherwise. In UTF-8, or as the Windows-1252 bytes.
+void AccodaGlifiTesto(std::string& uscita, std::string_view glifi, bool utf8 = true);
+
 // Appends the result in the chosen format, ending with a line feed.
 void AccodaRisultato(std::string& uscita, const Simbologia& simbologia, const RisultatoRiga& risultato,
                      FormatoUscita formato);

@@ -35,6 +35,21 @@ std::string Elenco(OpzioniCli& o, std::string_view) { o.elenco = true; return {}
 std::string AI(OpzioniCli& o, std::string_view v) { o.ai.emplace_back(v); return {}; }
 std::string IngressoGS1(OpzioniCli& o, std::string_view) { o.gs1Ingresso = true; return {}; }
 
+std::string Csv(OpzioniCli& o, std::string_view) { o.csv = true; return {}; }
+std::string Excel(OpzioniCli& o, std::string_view) { o.excel = true; return {}; }
+std::string Colonna(OpzioniCli& o, std::string_view v) {
+    if (v.empty()) return "--column takes a header name or a column number";
+    o.colonna = v;
+    return {};
+}
+std::string Separatore(OpzioniCli& o, std::string_view v) {
+    if (v == "auto") o.separatore = '\0';
+    else if (v == "," || v == ";") o.separatore = v[0];
+    else if (v == "tab" || v == "\t") o.separatore = '\t';
+    else return "--delimiter takes auto, ',', ';' or tab, not \"" + std::string(v) + "\"";
+    return {};
+}
+
 std::string Uscita(OpzioniCli& o, std::string_view v) {
     if (v == "text") o.formato = FormatoUscita::Testo;
     else if (v == "codes") o.formato = FormatoUscita::Codici;
@@ -104,6 +119,14 @@ constexpr DefinizioneOpzione Opzioni[] = {
     {'\0', "gs1-input", "", "EAN 128: each content line is \"(AI)VALUE(AI)VALUE...\", composed\n"
                              "                             as by --ai",
      IngressoGS1},
+    {'\0', "csv", "", "read CSV with a header line: every row is written back with the\n"
+                       "                             fields barcode, hrc and error appended",
+     Csv},
+    {'\0', "column", "COLUMN", "--csv: the content column, by header name or 1-based number\n"
+                                "                             (default: the first)",
+     Colonna},
+    {'\0', "delimiter", "DELIM", "--csv: auto (default: from the header line), ',', ';' or tab", Separatore},
+    {'\0', "excel", "", "--csv: write a UTF-8 byte-order mark and CRLF line ends", Excel},
     {'\0', "export", "FILE", "draw the symbol of CONTENT into FILE (.png, .svg or .pdf, by its\n"
                               "                             extension) as outlines: no font needed to view or print it",
      Esporta},
@@ -176,6 +199,13 @@ std::string LeggiOpzioni(std::span<const char* const> argomenti, OpzioniCli& opz
     if (opzioni.aiuto || opzioni.versione || opzioni.elenco) return {};
     if (opzioni.argomenti.empty()) return "missing SYMBOLOGY";
     if (opzioni.argomenti.size() > 2) return "too many arguments (quote a CONTENT that holds blanks)";
+    if (!opzioni.csv) {
+        if (!opzioni.colonna.empty() || opzioni.separatore != '\0' || opzioni.excel)
+            return "--column, --delimiter and --excel need --csv";
+    } else {
+        if (opzioni.argomenti.size() > 1 || !opzioni.ai.empty()) return "--csv reads its contents from standard input";
+        if (opzioni.formato != FormatoUscita::Testo) return "--csv writes CSV; --output does not apply";
+    }
     return {};
 }
 
@@ -218,6 +248,16 @@ std::string TestoAiuto() {
          "of the HRC line, empty without --hrc), error (the reason), reason (null, or\n"
          "{\"kind\": empty|length|character|structure|range|escape|overflow, \"position\": N}\n"
          "with the 1-based position of a refused character; \"message\": the GS1 message id).\n"
+         "\n"
+         "With --csv standard input is CSV (RFC 4180; a UTF-8 byte-order mark is skipped)\n"
+         "whose first row is the header. Every row is written with its fields unchanged\n"
+         "(a short row padded with empty fields to the header's width) and three more:\n"
+         "barcode (the glyphs as text writes them), hrc (with --hrc), error (the reason,\n"
+         "empty when accepted), with the input's delimiter and line end, fields quoted where\n"
+         "needed. A row without the content column, or with more fields than the header,\n"
+         "is refused. With --input-encoding=cp1252 the output is Windows-1252 too, except\n"
+         "with --excel (UTF-8). A file that is not CSV (a quote not closed, text after a\n"
+         "closing quote) stops with \"line N: not CSV: ...\" and status 2.\n"
          "\n"
          "Exit status: 0 every content encoded, 1 some content refused, 2 usage error,\n"
          "3 standard input could not be read or an output could not be written (krt-encode\n"

@@ -27,6 +27,10 @@ struct OpzioniCli {
     bool elenco = false;
     std::vector<std::string> ai;         // --ai AI=VALUE, in order (see cli/gs1.h)
     bool gs1Ingresso = false;            // --gs1-input
+    bool csv = false;                    // --csv
+    std::string colonna;                 // --column NAME|NUMBER, "" for the first
+    char separatore = '\0';              // --delimiter, '\0' detects it from the header
+    bool excel = false;                  // --excel
     std::vector<std::string> argomenti;  // SYMBOLOGY [CONTENT]
     // --export FILE and its sizing (see cli/esportazione.h).
     std::string esporta;

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "cli/csv.h"
 #include "cli/elaborazione.h"
 #include "cli/gs1.h"
 #include "cli/opzioni.h"
@@ -100,6 +101,8 @@ int EseguiKrtEncode(std::span<const char* const> argomenti, FunzioneLettura ingr
     if (!opzioni.esporta.empty()) return Esporta(simbologia, opzioni, esporta, uscita, errori);
     if (!opzioni.cartellaFont.empty() || opzioni.moduloMm > 0 || opzioni.punti > 0)
         return erroreUso("--font-dir, --module-width and --size go with --export");
+
+    if (opzioni.csv) return Chiudi(uscita, errori, CodificaCsv(simbologia, opzioni, std::move(ingresso), uscita, errori));
 
     bool rifiuti = false;
     // numero: 1-based line of the input, 0 for the CONTENT argument.

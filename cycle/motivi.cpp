@@ -26,6 +26,9 @@ constexpr int InizioFineCodabar = 305;
 constexpr int SistemaUPCE = 306;
 constexpr int SenzaCheckCIP = 307;
 constexpr int SenzaCodice1252 = 308;
+constexpr int CsvVirgoletteAperte = 702;
+constexpr int CampiInEccesso = 706;
+constexpr int CampoMancante = 707;
 }  // namespace Id
 
 // %1, %2 ... replaced by the arguments.
@@ -103,6 +106,20 @@ std::string_view NomeMotivo(MotivoRifiuto motivo) {
         case MotivoRifiuto::Overflow: return "overflow";
     }
     return {};
+}
+
+std::string TestoGuastoCsv(GuastoCsv guasto, int offsetLingua) {
+    if (guasto == GuastoCsv::Nessuno) return {};
+    return std::string(TestoStringa(Id::CsvVirgoletteAperte + static_cast<int>(guasto) - 1, offsetLingua));
+}
+
+std::string TestoCampiInEccesso(std::size_t campi, std::size_t intestazione, int offsetLingua) {
+    return Componi(TestoStringa(Id::CampiInEccesso, offsetLingua),
+                   {std::to_string(campi), std::to_string(intestazione)});
+}
+
+std::string TestoCampoMancante(std::size_t colonna, int offsetLingua) {
+    return Componi(TestoStringa(Id::CampoMancante, offsetLingua), {std::to_string(colonna)});
 }
 
 }  // namespace krt

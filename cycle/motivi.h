@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "barcodes/rifiuto.h"
+#include "text/csv.h"
 
 namespace krt {
 
@@ -22,6 +23,12 @@ Rifiuto RifiutoDaGuasto(const std::exception& guasto);
 // The name of the kind of refusal: "empty", "length", "character", "structure", "range",
 // "escape", "overflow"; "" for no refusal.
 std::string_view NomeMotivo(MotivoRifiuto motivo);
+
+// Lists: why a file is not CSV (lower case, to follow "line N: "), and the refusals of a
+// row that has more fields than the header or lacks the content column (colonna 1-based).
+std::string TestoGuastoCsv(GuastoCsv guasto, int offsetLingua = 0);
+std::string TestoCampiInEccesso(std::size_t campi, std::size_t intestazione, int offsetLingua = 0);
+std::string TestoCampoMancante(std::size_t colonna, int offsetLingua = 0);
 
 // The text of a string-table id (UTF-8) in the language of offsetLingua; "" when missing.
 std::string_view TestoStringa(int id, int offsetLingua = 0);

@@ -26,6 +26,7 @@
 #include "mainwindow/anteprima.h"
 #include "mainwindow/attributi.h"
 #include "mainwindow/configurazione.h"
+#include "mainwindow/frmelenco.h"
 #include "mainwindow/frmprincipale_comune.h"
 #include "mainwindow/informazioni.h"
 #include "mainwindow/rtf.h"
@@ -113,6 +114,7 @@ void frmPrincipale::CollegaEventi() {
     connect(mnuManuale, &QAction::triggered, this, protetto(&frmPrincipale::mnuManuale_Click));
     connect(mnuInformazioni, &QAction::triggered, this, protetto(&frmPrincipale::mnuInformazioni_Click));
     connect(mnuEsci, &QAction::triggered, this, protetto(&frmPrincipale::mnuEsci_Click));
+    connect(mnuElenco, &QAction::triggered, this, protetto(&frmPrincipale::mnuElenco_Click));
     connect(mnuEsporta, &QAction::triggered, this, protetto(&frmPrincipale::mnuEsporta_Click));
     connect(mnuStampa, &QAction::triggered, this, protetto(&frmPrincipale::mnuStampa_Click));
     connect(pannelloStampa_, &PannelloStampa::cambiato, this, protetto(&frmPrincipale::AggiornaMisuraStampa));
@@ -411,5 +413,20 @@ void frmPrincipale::mnuInformazioni_Click() {
 }
 
 void frmPrincipale::mnuEsci_Click() { close(); }
+
+// The list window starts from the entry, style, size and options shown here; each
+// opening is a new window of its own.
+void frmPrincipale::mnuElenco_Click() {
+    ImpostazioniElenco impostazioni;
+    impostazioni.voce = VoceSelezionata();
+    impostazioni.stile = AWindows1252Sostituendo(cmbStile->currentText());
+    impostazioni.punti = ValoreDimensione() > 0 ? ValoreDimensione() : finestra::DimensionePredefinita;
+    impostazioni.checkDigit = chkDigit->isChecked();
+    impostazioni.hrc = chkHRC->isChecked();
+    impostazioni.checkDigitInHRC = configurazione_.CheckDigitInHRC != 0;
+    auto* elenco = new frmElenco(impostazioni, {}, this);
+    elenco->setAttribute(Qt::WA_DeleteOnClose);
+    elenco->show();
+}
 
 }  // namespace krt

@@ -136,6 +136,7 @@ private:
     void mnuManuale_Click();
     void mnuInformazioni_Click();
     void mnuEsci_Click();
+    void mnuElenco_Click();
     // Export and print without the font (frmprincipale_stampa.cpp).
     void mnuEsporta_Click();
     void mnuStampa_Click();
@@ -197,6 +198,7 @@ private:
     QAction* mnuEsporta;
     QAction* mnuStampa;
     QAction* mnuEsci;
+    QAction* mnuElenco;  // File > List...: the list window
     QMenu* mnuModifica;
     QAction* mnuFont;
     QAction* mnuIncludiCheckDigit;

@@ -39,6 +39,7 @@ inline constexpr int IdScegliSimbologia = 515;
 inline constexpr int IdPassiIniziali = 516;
 inline constexpr int IdGuidaNonAperta = 517;        // %1 = path of the guide
 inline constexpr int IdStileNonInstallato = 518;    // %1 = font family
+inline constexpr int IdElenco = 708;                // File > List...
 
 // 10080 x 8685 twips at 15 twips a pixel.
 inline constexpr int LarghezzaMinima = 672;

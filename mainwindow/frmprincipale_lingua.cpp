@@ -37,6 +37,8 @@ void frmPrincipale::CreaMenu() {
         return a;
     };
     mnuFile = menu("mnuFile");
+    mnuElenco = voce(mnuFile, "mnuElenco");
+    mnuElenco->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_L));
     mnuEsporta = voce(mnuFile, "mnuEsporta");
     mnuEsporta->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_E));
     mnuStampa = voce(mnuFile, "mnuStampa");
@@ -87,6 +89,7 @@ void frmPrincipale::CaricaTesti() {
     cmdClipboard->setToolTip(CaricaStringa(271));
     mnuFile->setTitle(CaricaStringa(272));
     mnuEsci->setText(CaricaStringa(273));
+    mnuElenco->setText(CaricaStringa(IdElenco));
     mnuEsporta->setText(CaricaStringa(IdStampa::Esporta));
     mnuStampa->setText(CaricaStringa(IdStampa::Stampa));
     pannelloStampa_->CaricaTesti();

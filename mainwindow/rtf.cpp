@@ -99,4 +99,49 @@ std::string ComponiRtf(const std::vector<SegmentoRtf>& segmenti) {
     return rtf;
 }
 
+std::string ComponiTabellaRtf(const std::vector<std::vector<SegmentoRtf>>& righe, const std::vector<int>& larghezze) {
+    std::vector<VoceFont> tabella;
+    for (const auto& riga : righe)
+        for (const auto& cella : riga) IndiceFont(tabella, cella);
+
+    std::string rtf = "{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl";
+    for (std::size_t i = 0; i < tabella.size(); ++i) {
+        rtf += "{\\f" + std::to_string(i) + "\\fnil\\fcharset" + (tabella[i].simbolo ? "2 " : "0 ");
+        for (unsigned char c : tabella[i].famiglia) AggiungiByteNomeFont(rtf, c);
+        rtf += ";}";
+    }
+    rtf += "}\r\n";
+    std::string definizione = "\\trowd\\trgaph108";
+    int destra = 0;
+    for (const int l : larghezze) {
+        destra += l;
+        definizione += "\\clbrdrt\\brdrs\\clbrdrl\\brdrs\\clbrdrb\\brdrs\\clbrdrr\\brdrs\\cellx" + std::to_string(destra);
+    }
+    for (const auto& riga : righe) {
+        rtf += definizione;
+        rtf += "\r\n";
+        for (std::size_t k = 0; k < larghezze.size(); ++k) {
+            rtf += "\\pard\\intbl ";
+            if (k < riga.size()) {
+                const SegmentoRtf& cella = riga[k];
+                rtf += Formato(IndiceFont(tabella, cella), cella);
+                const std::string& t = cella.testo;
+                for (std::size_t i = 0; i < t.size(); ++i) {
+                    const auto c = static_cast<unsigned char>(t[i]);
+                    if (c == '\r' || c == '\n') {
+                        if (c == '\r' && i + 1 < t.size() && t[i + 1] == '\n') ++i;
+                        rtf += "\\line ";
+                    } else {
+                        AggiungiByte(rtf, c);
+                    }
+                }
+            }
+            rtf += "\\cell ";
+        }
+        rtf += "\\row\r\n";
+    }
+    rtf += "\\pard}";
+    return rtf;
+}
+
 }  // namespace krt

@@ -23,4 +23,8 @@ struct SegmentoRtf {
 // family and character map, sizes in half points, bytes above 127 as \'xx.
 std::string ComponiRtf(const std::vector<SegmentoRtf>& segmenti);
 
+// A table: one run per cell, every row with the cells of larghezze (in twips). Line breaks
+// inside a cell's text become line breaks inside the cell.
+std::string ComponiTabellaRtf(const std::vector<std::vector<SegmentoRtf>>& righe, const std::vector<int>& larghezze);
+
 }  // namespace krt

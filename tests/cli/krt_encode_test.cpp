@@ -217,3 +217,47 @@ TEST(KrtEncode, AiutoVersioneElenco) {
 }
 
 }  // namespace
+
+// --csv end to end: the rows come back whole with barcode, hrc and error, in the input's
+// delimiter, line end and encoding; refusals never stop the run; a file that is not CSV
+// stops with its line.
+TEST(KrtEncode, Csv) {
+    struct Riga {
+        const char* nome;
+        std::vector<std::string> argomenti;
+        std::string ingresso, uscita;
+        int stato;
+        const char* errori;  // part of standard error, "" when it must be empty
+    } const righe[] = {
+        {"semicolons, CRLF, quoted fields requoted", {"--csv", "C39"}, "id;name\r\nAB;\"x;\"\"y\"\"\"\r\n",
+         "id;name;barcode;hrc;error\r\nAB;\"x;\"\"y\"\"\";#AB#;;\r\n", 0, ""},
+        {"refused and short rows go on", {"--csv", "--column=2", "C39"}, "n,code\n1,?\n2\n3,AB,x\n4,AB\n",
+         "n,code,barcode,hrc,error\n1,?,,,\"The character \"\"?\"\" at position 1 cannot be encoded in this symbology.\"\n"
+         "2,,,,The row has no field 2 (the content column).\n3,AB,x,,,\"The row has 3 fields, the header only 2.\"\n"
+         "4,AB,#AB#,,\n",
+         1, "line 3: The row has no field 2"},
+        {"tab, bom kept, column by name, hrc", {"--csv", "--column", "code", "--hrc", "Code 39"},
+         "\xEF\xBB\xBFn\tcode\n1\tAB\n", "\xEF\xBB\xBFn\tcode\tbarcode\thrc\terror\n1\tAB\t#AB#\t*AB*\t\n", 0, ""},
+        {"two-line result quoted in a TSV", {"--csv", "--delimiter=tab", "--hrc", "Code 32"}, "c\n12345678\n",
+         "c\tbarcode\thrc\terror\n12345678\t\"|*BMZZLP#\tA012345678\"\t\t\n", 0, ""},
+        {"Windows-1252 in, Windows-1252 out", {"--csv", "--input-encoding=cp1252", "C39"}, "c;\xE9\nAB;\xE9\n",
+         "c;\xE9;barcode;hrc;error\nAB;\xE9;#AB#;;\n", 0, ""},
+        {"excel: UTF-8 with a BOM and CRLF", {"--csv", "--excel", "--input-encoding=cp1252", "--column=2", "C39"},
+         "\xE9,c\n\xE9,AB\n", "\xEF\xBB\xBF\xC3\xA9,c,barcode,hrc,error\r\n\xC3\xA9,AB,#AB#,,\r\n", 0, ""},
+        {"quote not closed", {"--csv", "C39"}, "c\nAB\n\"A\nB\n", "c,barcode,hrc,error\nAB,#AB#,,\n", 2,
+         "line 3: not CSV: a quoted field is not closed"},
+        {"unknown column", {"--csv", "--column=price", "C39"}, "c,d\nAB,1\n", "", 2, "(it has \"c\", \"d\")"},
+        {"empty input", {"--csv", "C39"}, "", "", 2, "line 1: not CSV: the file holds no header line"},
+        {"csv options without --csv", {"--excel", "C39"}, "", "", 2, "need --csv"},
+    };
+    for (const auto& r : righe) {
+        SCOPED_TRACE(r.nome);
+        const Esecuzione e = Esegui(r.argomenti, r.ingresso);
+        EXPECT_EQ(e.stato, r.stato);
+        EXPECT_EQ(e.uscita, r.uscita);
+        if (*r.errori == '\0')
+            EXPECT_EQ(e.errori, "");
+        else
+            EXPECT_NE(e.errori.find(r.errori), std::string::npos) << e.errori;
+    }
+}

@@ -57,6 +57,10 @@ const Caso Casi[] = {
     {"read fault after a line: the unfinished one is dropped", {"C39"}, "A\nB", false, EIO, Illimitato, Illimitato,
      UscitaIO, "#A#\n", "cannot read the input"},
     {"endless input into a closed pipe", {"C39"}, "123\n", true, 0, 30, Illimitato, UscitaIO, "*", "Broken pipe"},
+    {"csv: read fault inside a quoted field", {"--csv", "C39"}, "c\nAB\n\"A", false, EIO, Illimitato, Illimitato,
+     UscitaIO, "c,barcode,hrc,error\nAB,#AB#,,\n", "cannot read the input"},
+    {"csv: endless rows into a closed pipe", {"--csv", "C39"}, "AB\n", true, 0, 50, Illimitato, UscitaIO, "*",
+     "Broken pipe"},
 };
 
 class KrtEncodeFlussi : public ::testing::TestWithParam<Caso> {};
