@@ -9,9 +9,10 @@ BUILD_WINDOWS ?= build-windows
 JOBS       ?= $(shell nproc 2>/dev/null || echo 2)
 FUZZ_SECONDS ?= 60
 
-# Debian packages the build, the tests and the benchmarks need.
-PACKAGES := g++ cmake make pkg-config qt6-base-dev libgl-dev libgtest-dev libgmock-dev libbenchmark-dev libzxing-dev python3-fonttools zbar-tools \
-            python3-dev pybind11-dev
+# Debian packages the build, the tests and the benchmarks need (poppler-utils: the export tests read
+# PDFs back with pdftoppm and check them with pdffonts; they skip those checks without it).
+PACKAGES := g++ cmake make pkg-config qt6-base-dev qt6-svg-dev libgl-dev libgtest-dev libgmock-dev libbenchmark-dev libzxing-dev python3-fonttools zbar-tools \
+            python3-dev pybind11-dev poppler-utils
 FUZZ_PACKAGES := clang libclang-rt-dev
 BENCH_PACKAGES := zint time
 PACKAGE_PACKAGES := dpkg-dev file

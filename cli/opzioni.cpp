@@ -2,8 +2,12 @@
 #include "cli/opzioni.h"
 
 #include <algorithm>
+#include <charconv>
+#include <cmath>
 
 #include "barcodes/catalogo.h"
+#include "cli/esportazione.h"
+#include "cycle/dimensionamento.h"
 
 namespace krt {
 
@@ -61,6 +65,40 @@ std::string Ingresso(OpzioniCli& o, std::string_view v) {
     return {};
 }
 
+// A decimal number with a point, the whole text; false otherwise.
+bool Numero(std::string_view v, double& valore) {
+    const auto [fine, errore] = std::from_chars(v.data(), v.data() + v.size(), valore, std::chars_format::fixed);
+    return errore == std::errc() && fine == v.data() + v.size() && std::isfinite(valore);
+}
+
+std::string Esporta(OpzioniCli& o, std::string_view v) {
+    if (!EstensioneEsportabile(v)) return "--export takes a file ending in .png, .svg or .pdf, not \"" + std::string(v) + "\"";
+    o.esporta = v;
+    return {};
+}
+std::string CartellaFont(OpzioniCli& o, std::string_view v) { o.cartellaFont = v; return {}; }
+
+std::string Dpi(OpzioniCli& o, std::string_view v) {
+    double dpi = 0;
+    if (!Numero(v, dpi) || dpi != std::floor(dpi) || dpi < DpiMinimo || dpi > DpiMassimo)
+        return "--dpi takes a whole number from " + std::to_string(DpiMinimo) + " to " + std::to_string(DpiMassimo) +
+               ", not \"" + std::string(v) + "\"";
+    o.dpi = static_cast<int>(dpi);
+    return {};
+}
+
+std::string LarghezzaModulo(OpzioniCli& o, std::string_view v) {
+    if (!Numero(v, o.moduloMm) || o.moduloMm < ModuloMinimoMm || o.moduloMm > ModuloMassimoMm)
+        return "--module-width takes millimetres from 0.05 to 5, not \"" + std::string(v) + "\"";
+    return {};
+}
+
+std::string Dimensione(OpzioniCli& o, std::string_view v) {
+    if (!Numero(v, o.punti) || o.punti <= 0 || o.punti > 10000)
+        return "--size takes points above 0 and up to 10000, not \"" + std::string(v) + "\"";
+    return {};
+}
+
 // Add a row here (and its field in OpzioniCli) for a new option.
 constexpr DefinizioneOpzione Opzioni[] = {
     {'c', "check", "", "add the check character(s) (the check digit option)", Check},
@@ -89,6 +127,19 @@ constexpr DefinizioneOpzione Opzioni[] = {
      Colonna},
     {'\0', "delimiter", "DELIM", "--csv: auto (default: from the header line), ',', ';' or tab", Separatore},
     {'\0', "excel", "", "--csv: write a UTF-8 byte-order mark and CRLF line ends", Excel},
+    {'\0', "export", "FILE", "draw the symbol of CONTENT into FILE (.png, .svg or .pdf, by its\n"
+                              "                             extension) as outlines: no font needed to view or print it",
+     Esporta},
+    {'\0', "font-dir", "DIR", "with --export: use the fonts in DIR too (not installed)", CartellaFont},
+    {'\0', "dpi", "N", "with --export: printer resolution (default 600); every module\n"
+                        "                             is a whole number of dots at N dpi",
+     Dpi},
+    {'\0', "module-width", "MM", "with --export: module (narrowest bar) width in mm, brought to\n"
+                                  "                             whole dots (default 0.33)",
+     LarghezzaModulo},
+    {'\0', "size", "PT", "with --export and no --module-width: font size in points,\n"
+                          "                             brought to whole dots per module",
+     Dimensione},
     {'\0', "list", "", "list the symbologies: code, add-on, English and Italian name, family", Elenco},
     {'h', "help", "", "show this help", Aiuto},
     {'\0', "version", "", "show the version", Versione},
@@ -211,7 +262,9 @@ std::string TestoAiuto() {
          "\n"
          "Exit status: 0 every content encoded, 1 some content refused, 2 usage error,\n"
          "3 standard input could not be read or an output could not be written (krt-encode\n"
-         "stops at the first such fault).\n";
+         "stops at the first such fault); with --export also: the barcode family is not\n"
+         "installed (nor in --font-dir), or FILE could not be written. A refused content\n"
+         "writes no file.\n";
     return t;
 }
 

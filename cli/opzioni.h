@@ -32,6 +32,12 @@ struct OpzioniCli {
     char separatore = '\0';              // --delimiter, '\0' detects it from the header
     bool excel = false;                  // --excel
     std::vector<std::string> argomenti;  // SYMBOLOGY [CONTENT]
+    // --export FILE and its sizing (see cli/esportazione.h).
+    std::string esporta;
+    std::string cartellaFont;            // --font-dir
+    int dpi = 600;                       // --dpi
+    double moduloMm = 0;                 // --module-width (mm); 0: from --size
+    double punti = 0;                    // --size (points); with neither, a module of 0.33 mm
 };
 
 // One row of the option table. An option with a value takes it as "--name=value" or as

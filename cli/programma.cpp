@@ -21,6 +21,8 @@ namespace {
 
 // The longest raw line worth decoding: four UTF-8 bytes per content character at most.
 constexpr std::size_t LunghezzaMassimaRiga = 4 * LunghezzaMassimaContenuto;
+// The module of --export without --module-width or --size: the nominal EAN/UPC module.
+constexpr double ModuloPredefinitoMm = 0.33;
 
 constexpr std::string_view MarcaOrdineByte = "\xEF\xBB\xBF";
 
@@ -38,10 +40,45 @@ int Chiudi(Scrittore& uscita, Scrittore& errori, int stato) {
     return errori.Errore() != 0 ? UscitaIO : stato;
 }
 
+// --export: one symbol into a file, nothing on standard output. A refused content writes
+// no file.
+int Esporta(const Simbologia& simbologia, const OpzioniCli& opzioni, const FunzioneEsportazione& esporta,
+            Scrittore& uscita, Scrittore& errori) {
+    if (opzioni.ai.empty() && opzioni.argomenti.size() != 2) {
+        errori.Scrivi("krt-encode: --export needs CONTENT or --ai\nTry 'krt-encode --help'.\n");
+        return Chiudi(uscita, errori, UscitaUso);
+    }
+    if (!esporta) {
+        errori.Scrivi("krt-encode: this krt-encode was built without --export (no Qt)\n");
+        return Chiudi(uscita, errori, UscitaUso);
+    }
+    const RisultatoRiga r = opzioni.ai.empty() ? CodificaContenuto(simbologia, opzioni, opzioni.argomenti[1])
+                                               : CodificaElementiAI(simbologia, opzioni);
+    if (!r.errore.empty()) {
+        errori.Scrivi("krt-encode: " + r.errore + "\n");
+        return Chiudi(uscita, errori, UscitaRifiuti);
+    }
+    RichiestaEsportazione richiesta;
+    richiesta.file = opzioni.esporta;
+    richiesta.cartellaFont = opzioni.cartellaFont;
+    richiesta.dpi = opzioni.dpi;
+    richiesta.moduloMm = opzioni.moduloMm > 0 || opzioni.punti > 0 ? opzioni.moduloMm : ModuloPredefinitoMm;
+    richiesta.punti = opzioni.punti;
+    richiesta.glifi = r.glifi;
+    richiesta.famiglia = simbologia.famiglia;
+    richiesta.hrc = r.hrc;
+    richiesta.codice = simbologia.perNome ? std::string(simbologia.voce->codice) : simbologia.codice;
+    richiesta.addOn = simbologia.perNome && simbologia.voce->addOn != 0;
+    std::string errore;
+    const int stato = esporta(richiesta, errore);
+    if (stato != UscitaRiuscita) errori.Scrivi("krt-encode: " + errore + "\n");
+    return Chiudi(uscita, errori, stato);
+}
+
 }  // namespace
 
 int EseguiKrtEncode(std::span<const char* const> argomenti, FunzioneLettura ingresso, FunzioneScrittura scriviUscita,
-                    FunzioneScrittura scriviErrori) {
+                    FunzioneScrittura scriviErrori, const FunzioneEsportazione& esporta) {
     Scrittore uscita(std::move(scriviUscita));
     Scrittore errori(std::move(scriviErrori));
     auto erroreUso = [&](const std::string& messaggio) {
@@ -63,6 +100,9 @@ int EseguiKrtEncode(std::span<const char* const> argomenti, FunzioneLettura ingr
         return erroreUso("unknown symbology \"" + opzioni.argomenti[0] + "\" (see --list)");
     if (const std::string errore = ControllaOpzioniGS1(simbologia, opzioni); !errore.empty())
         return erroreUso(errore);
+    if (!opzioni.esporta.empty()) return Esporta(simbologia, opzioni, esporta, uscita, errori);
+    if (!opzioni.cartellaFont.empty() || opzioni.moduloMm > 0 || opzioni.punti > 0)
+        return erroreUso("--font-dir, --module-width and --size go with --export");
 
     if (opzioni.csv) return Chiudi(uscita, errori, CodificaCsv(simbologia, opzioni, std::move(ingresso), uscita, errori));
 

@@ -3,6 +3,7 @@
 #pragma once
 #include <span>
 
+#include "cli/esportazione.h"
 #include "cli/flusso.h"
 
 namespace krt {
@@ -19,7 +20,8 @@ enum StatoUscita : int {
 // Runs krt-encode with argv[1...]. It stops at the first fault writing the output
 // (with SIGPIPE ignored a closed pipe is such a fault), reports a fault reading the
 // input as such rather than as its end, and checks every write down to the last.
+// esporta draws --export; without it --export is refused as not built in.
 int EseguiKrtEncode(std::span<const char* const> argomenti, FunzioneLettura ingresso, FunzioneScrittura uscita,
-                    FunzioneScrittura errori);
+                    FunzioneScrittura errori, const FunzioneEsportazione& esporta = {});
 
 }  // namespace krt

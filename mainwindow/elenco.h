@@ -58,6 +58,12 @@ public:
     const ImpostazioniElenco& Impostazioni() const { return impostazioni_; }
     void ImpostaImpostazioni(const ImpostazioniElenco& impostazioni);
     std::size_t Rifiutate() const { return rifiutate_; }
+    // Row n's result and its content field (UTF-8), for the export of every row.
+    const EsitoElemento& Esito(int n) const { return righe_[static_cast<std::size_t>(n)].esito; }
+    std::string ContenutoRiga(int n) const {
+        const auto& campi = righe_[static_cast<std::size_t>(n)].campi;
+        return colonna_ < campi.size() ? campi[colonna_] : std::string();
+    }
 
     // The rows (in model order) as CSV: the fields as read, padded to the header, then
     // barcode, hrc and error, with the delimiter of the file read (',' for pasted text),

@@ -14,6 +14,7 @@
 #include <QFontMetrics>
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QSet>
 #include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QLabel>
@@ -30,6 +31,7 @@
 #include "cycle/motivi.h"
 #include "mainwindow/anteprima.h"
 #include "mainwindow/attributi.h"
+#include "mainwindow/stampa.h"
 #include "support/cp1252.h"
 #include "support/stringhe.h"
 
@@ -61,6 +63,7 @@ constexpr int NonScrivibile = 727;
 constexpr int Conteggio = 728;
 constexpr int AppuntiVuoti = 729;
 constexpr int FileLetto = 790;
+constexpr int EsportaRighe = 791;
 }  // namespace Id
 
 constexpr int NumeroVoci = 36;
@@ -130,6 +133,8 @@ frmElenco::frmElenco(const ImpostazioniElenco& impostazioni, ServiziElenco servi
     nomina(cmdSalva, "cmdSalva");
     cmdCopia = new QPushButton(this);
     nomina(cmdCopia, "cmdCopia");
+    cmdEsporta = new QPushButton(this);
+    nomina(cmdEsporta, "cmdEsporta");
 
     auto* sorgente = new QHBoxLayout;
     sorgente->addWidget(cmdApri);
@@ -154,6 +159,7 @@ frmElenco::frmElenco(const ImpostazioniElenco& impostazioni, ServiziElenco servi
     uscite->addStretch(1);
     uscite->addWidget(cmdCopia);
     uscite->addWidget(cmdSalva);
+    uscite->addWidget(cmdEsporta);
     auto* verticale = new QVBoxLayout(this);
     verticale->addLayout(sorgente);
     verticale->addLayout(scelte);
@@ -180,6 +186,7 @@ frmElenco::frmElenco(const ImpostazioniElenco& impostazioni, ServiziElenco servi
     connect(cmdIncolla, &QPushButton::clicked, this, &frmElenco::Incolla);
     connect(cmdSalva, &QPushButton::clicked, this, &frmElenco::Salva_Click);
     connect(cmdCopia, &QPushButton::clicked, this, &frmElenco::CopiaTabella);
+    connect(cmdEsporta, &QPushButton::clicked, this, &frmElenco::Esporta_Click);
     connect(cmbColonna, &QComboBox::currentIndexChanged, this, [this](int indice) {
         if (inCaricamento_ || indice < 0) return;
         modello_->ImpostaColonnaContenuto(static_cast<std::size_t>(indice));
@@ -213,6 +220,7 @@ void frmElenco::CaricaTesti() {
     chkSoloRifiutate->setText(CaricaStringa(Id::SoloRifiutate));
     cmdSalva->setText(CaricaStringa(Id::Salva));
     cmdCopia->setText(CaricaStringa(Id::Copia));
+    cmdEsporta->setText(CaricaStringa(Id::EsportaRighe));
     const bool prima = inCaricamento_;
     inCaricamento_ = true;
     cmbSimbologia->clear();
@@ -389,6 +397,54 @@ void frmElenco::Salva_Click() {
     }
     const QString percorso = servizi_.scegliFileSalva(CaricaStringa(Id::Filtro), proposto);
     if (!percorso.isEmpty()) SalvaCsv(percorso);
+}
+
+int frmElenco::EsportaRighe(const QString& percorso) {
+    const QFileInfo modello(percorso);
+    if (FormatoDaNome(percorso) == FormatoFile::Sconosciuto) {
+        servizi_.errore(CaricaStringa(IdStampa::NonEsportato)
+                            .arg(QDir::toNativeSeparators(percorso), CaricaStringa(IdStampa::TipoSconosciuto)));
+        return -1;
+    }
+    const ImpostazioniElenco& impostazioni = modello_->Impostazioni();
+    if (impostazioni.voce == nullptr) return 0;
+    const QString estensione = QLatin1Char('.') + modello.suffix();
+    QSet<QString> nomi;
+    int scritti = 0;
+    for (int n = 0; n < modello_->rowCount(); ++n) {
+        const EsitoElemento& esito = modello_->Esito(n);
+        if (!esito.accettato) continue;
+        // The content as a file name: letters, digits, '-', '_' and '.'; a number when
+        // nothing is left; "-2", "-3" ... for a name already written.
+        QString nome = QString::fromStdString(modello_->ContenutoRiga(n)).left(60);
+        nome.replace(QRegularExpression(QStringLiteral("[^A-Za-z0-9._-]")), QStringLiteral("_"));
+        if (nome.isEmpty() || nome.startsWith(QLatin1Char('.'))) nome.prepend(QString::number(n + 1));
+        QString unico = nome;
+        for (int k = 2; nomi.contains(unico); ++k) unico = nome + QLatin1Char('-') + QString::number(k);
+        nomi.insert(unico);
+        const QString file = modello.dir().filePath(unico + estensione);
+        SimboloDaDisegnare simbolo;
+        simbolo.glifi = esito.glifi;
+        simbolo.famiglia = DaWindows1252(esito.famiglia);
+        simbolo.codice = std::string(impostazioni.voce->codice);
+        simbolo.addOn = impostazioni.voce->addOn != 0;
+        simbolo.hrc = DaWindows1252(esito.hrc);
+        simbolo.fontHRC.setPointSizeF(10);
+        const Disegno disegno = PreparaDisegno(simbolo, {600, 0, impostazioni.punti});
+        QString motivo = MotivoDisegno(disegno);
+        if (motivo.isEmpty() && !ScriviDisegno(file, disegno, 600, motivo) && motivo.isEmpty()) motivo = QStringLiteral("?");
+        if (!motivo.isEmpty()) {
+            servizi_.errore(CaricaStringa(IdStampa::NonEsportato).arg(QDir::toNativeSeparators(file), motivo));
+            return -1;
+        }
+        ++scritti;
+    }
+    return scritti;
+}
+
+void frmElenco::Esporta_Click() {
+    const QString percorso = servizi_.scegliFileSalva(CaricaStringa(IdStampa::FiltroFile), QStringLiteral("barcode.png"));
+    if (!percorso.isEmpty()) EsportaRighe(percorso);
 }
 
 }  // namespace krt

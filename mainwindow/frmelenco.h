@@ -43,6 +43,11 @@ public:
     // Rich text and tab-separated text of the selected rows (all rows shown when none is
     // selected) to the clipboard.
     void CopiaTabella();
+    // One file per accepted row without the font, in the folder and format of percorso
+    // (.png, .svg or .pdf), named from the content column; the list's size brought to
+    // whole dots per module at 600 dpi. The number of files written, -1 after an error
+    // (the error box said why).
+    int EsportaRighe(const QString& percorso);
 
     ModelloElenco& Modello() { return *modello_; }
 
@@ -54,6 +59,7 @@ private:
     void AggiornaConteggio();
     void Apri_Click();
     void Salva_Click();
+    void Esporta_Click();
     std::vector<int> RigheDaCopiare() const;
 
     ServiziElenco servizi_;
@@ -79,6 +85,7 @@ private:
     QTableView* tabella;
     QPushButton* cmdSalva;
     QPushButton* cmdCopia;
+    QPushButton* cmdEsporta;
 };
 
 }  // namespace krt

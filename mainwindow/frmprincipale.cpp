@@ -31,6 +31,7 @@
 #include "mainwindow/informazioni.h"
 #include "mainwindow/rtf.h"
 #include "mainwindow/scansione.h"
+#include "mainwindow/stampa.h"
 #include "support/cp1252.h"
 #include "support/frmsplash.h"
 #include "support/stringhe.h"
@@ -114,6 +115,9 @@ void frmPrincipale::CollegaEventi() {
     connect(mnuInformazioni, &QAction::triggered, this, protetto(&frmPrincipale::mnuInformazioni_Click));
     connect(mnuEsci, &QAction::triggered, this, protetto(&frmPrincipale::mnuEsci_Click));
     connect(mnuElenco, &QAction::triggered, this, protetto(&frmPrincipale::mnuElenco_Click));
+    connect(mnuEsporta, &QAction::triggered, this, protetto(&frmPrincipale::mnuEsporta_Click));
+    connect(mnuStampa, &QAction::triggered, this, protetto(&frmPrincipale::mnuStampa_Click));
+    connect(pannelloStampa_, &PannelloStampa::cambiato, this, protetto(&frmPrincipale::AggiornaMisuraStampa));
 }
 
 // ---- Start-up ---------------------------------------------------------------------------

@@ -22,6 +22,7 @@ class QLabel;
 class QLineEdit;
 class QListWidget;
 class QMenu;
+class QPrinter;
 class QPushButton;
 class QTextDocument;
 class QTextEdit;
@@ -30,6 +31,8 @@ class QToolButton;
 namespace krt {
 
 class ControlloScansione;
+class PannelloStampa;
+struct SimboloDaDisegnare;
 
 // What the window asks of the desktop. Each one left empty gets the real
 // thing (a modal box, the desktop's viewer, the font dialog, the wizard);
@@ -46,6 +49,10 @@ struct ServiziFinestra {
     // The GS1-128 wizard: true on OK, with the escaped content and its HRC text
     // (both Windows-1252).
     std::function<bool(std::string& contenuto, std::string& testoHRC)> wizard;
+    // File > Export: the file chosen, starting from a proposed name ("" on cancel).
+    std::function<QString(const QString& proposto)> fileEsportazione;
+    // File > Print: the print dialog on the printer; true to print.
+    std::function<bool(QPrinter& stampante)> dialogoStampa;
 };
 
 class frmPrincipale : public QMainWindow {
@@ -130,6 +137,11 @@ private:
     void mnuInformazioni_Click();
     void mnuEsci_Click();
     void mnuElenco_Click();
+    // Export and print without the font (frmprincipale_stampa.cpp).
+    void mnuEsporta_Click();
+    void mnuStampa_Click();
+    bool SimboloCorrente(SimboloDaDisegnare& simbolo);
+    void AggiornaMisuraStampa();
 
     const VoceCatalogo* VoceSelezionata() const;
     double ValoreDimensione() const;
@@ -153,6 +165,8 @@ private:
     QString famigliaBarre_;      // family and lines of the bars drawn, for their width
     QStringList righeBarre_;
     std::string glifiDisegnati_;
+    const VoceCatalogo* voceDisegnata_ = nullptr;  // entry and HRC line of the preview drawn
+    QString hrcDisegnato_;
     int avvisoId_ = 0;            // string id of the font notice above the preview, 0 none
     QString avvisoArgomento_;     // its %1
 
@@ -178,8 +192,11 @@ private:
     QTextEdit* rtfContenuto;
     ControlloScansione* scansione_ = nullptr;  // the line "labScansione" under the preview
     QListWidget* lstFont;
+    PannelloStampa* pannelloStampa_ = nullptr;  // module width and printer resolution
 
     QMenu* mnuFile;
+    QAction* mnuEsporta;
+    QAction* mnuStampa;
     QAction* mnuEsci;
     QAction* mnuElenco;  // File > List...: the list window
     QMenu* mnuModifica;

@@ -115,6 +115,7 @@ bool frmPrincipale::GeneraAnteprima(bool SoloVerifica) {
                         generazione.glifi, generazione.famiglia,
                         escape ? HRCLeggibile(generazione.hrc, codice == "C128" || codice == "E128") : generazione.hrc);
                     glifiDisegnati_ = generazione.glifi;
+                    voceDisegnata_ = voce;
                     contenutoDisegnato_ = testo;
                     dimensioneDisegnata_ = ValoreDimensione();
                     motivoRifiuto_.clear();
@@ -220,6 +221,9 @@ void frmPrincipale::ScriviAnteprima(const std::string& Glifi, const std::string&
         centrato.setAlignment(Qt::AlignHCenter);
         cursore.insertBlock(centrato, hrc);
         cursore.insertText(DaWindows1252(TestoHRC), hrc);
+        hrcDisegnato_ = DaWindows1252(TestoHRC);
+    } else {
+        hrcDisegnato_.clear();
     }
     AvvisaFont(FontFamiglia);
 }

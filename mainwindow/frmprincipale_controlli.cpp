@@ -21,6 +21,7 @@
 
 #include "mainwindow/frmprincipale_comune.h"
 #include "mainwindow/scansione.h"
+#include "mainwindow/stampa.h"
 
 namespace krt {
 
@@ -152,6 +153,8 @@ void frmPrincipale::CreaControlli() {
 
     scansione_ = new ControlloScansione(centrale);
 
+    pannelloStampa_ = new PannelloStampa(centrale);
+
     lstFont = new QListWidget(centrale);
     nomina(lstFont, "lstFont");
     lstFont->setVisible(false);
@@ -182,6 +185,7 @@ void frmPrincipale::CreaControlli() {
     rigaScelte->addWidget(txtDimensione);
     rigaScelte->addWidget(labLarghezza);
     griglia->addLayout(rigaScelte, 2, 1);
+    griglia->addWidget(pannelloStampa_, 3, 1);
     auto* rigaOpzioni = new QHBoxLayout;
     rigaOpzioni->addWidget(chkDigit);
     rigaOpzioni->addSpacing(12);
@@ -189,7 +193,7 @@ void frmPrincipale::CreaControlli() {
     rigaOpzioni->addSpacing(12);
     rigaOpzioni->addWidget(labFont, 1);
     rigaOpzioni->addWidget(cmdClipboard);
-    griglia->addLayout(rigaOpzioni, 3, 1);
+    griglia->addLayout(rigaOpzioni, 4, 1);
     griglia->setColumnStretch(1, 1);
 
     auto* verticale = new QVBoxLayout(centrale);

@@ -16,6 +16,7 @@
 #include "mainwindow/configurazione.h"
 #include "mainwindow/frmprincipale_comune.h"
 #include "mainwindow/scansione.h"
+#include "mainwindow/stampa.h"
 #include "support/stringhe.h"
 #include "support/varie.h"
 
@@ -38,6 +39,10 @@ void frmPrincipale::CreaMenu() {
     mnuFile = menu("mnuFile");
     mnuElenco = voce(mnuFile, "mnuElenco");
     mnuElenco->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_L));
+    mnuEsporta = voce(mnuFile, "mnuEsporta");
+    mnuEsporta->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_E));
+    mnuStampa = voce(mnuFile, "mnuStampa");
+    mnuStampa->setShortcut(QKeySequence::Print);
     mnuFile->addSeparator();
     mnuEsci = voce(mnuFile, "mnuEsci");
     mnuModifica = menu("mnuModifica");
@@ -85,6 +90,9 @@ void frmPrincipale::CaricaTesti() {
     mnuFile->setTitle(CaricaStringa(272));
     mnuEsci->setText(CaricaStringa(273));
     mnuElenco->setText(CaricaStringa(IdElenco));
+    mnuEsporta->setText(CaricaStringa(IdStampa::Esporta));
+    mnuStampa->setText(CaricaStringa(IdStampa::Stampa));
+    pannelloStampa_->CaricaTesti();
     mnuModifica->setTitle(CaricaStringa(274));
     mnuFont->setText(CaricaStringa(275));
     mnuQmark->setTitle(CaricaStringa(276));

@@ -90,6 +90,7 @@ void frmPrincipale::AggiornaAvvisi() {
                                          : QString());
     if (largo) righe << CaricaStringa(IdTroppoLargo).arg(LarghezzaColonnaMm, 0, 'f', 0);
     if (avvisoDimensione_) righe << CaricaStringa(IdDimensioneMassima).arg(DimensioneMassima);
+    AggiornaMisuraStampa();
     labAvvisi->setText(righe.join(QLatin1Char('\n')));
     labAvvisi->setVisible(!righe.isEmpty());
 }

@@ -5,6 +5,7 @@
 #include "mainwindow/frmprincipale.h"
 #include "mainwindow/guide.h"
 #include "mainwindow/ospite.h"
+#include "mainwindow/stampa.h"
 
 // Qt scales for the screen's density and takes the platform's style and dialogs by
 // itself; nothing here overrides them.
@@ -20,8 +21,11 @@ int main(int argc, char* argv[]) {
 
     QSettings impostazioni(QStringLiteral("ORB"), QStringLiteral("krt"));
     krt::RipristinaGeometria(finestra, impostazioni);
+    auto* stampa = finestra.findChild<krt::PannelloStampa*>();
+    if (stampa != nullptr) stampa->Ripristina(impostazioni);
     finestra.show();
     const int esito = app.exec();
     krt::SalvaGeometria(finestra, impostazioni);
+    if (stampa != nullptr) stampa->Salva(impostazioni);
     return esito;
 }

@@ -11,6 +11,8 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
+#include <QDir>
+#include <QFontDatabase>
 #include <QFile>
 #include <QMimeData>
 #include <QTableView>
@@ -183,6 +185,21 @@ TEST_F(Elenco, IncollaEGrandiFile) {
 #if defined(NDEBUG) && !defined(__SANITIZE_ADDRESS__)
     EXPECT_LT(ms, 2000);
 #endif
+}
+
+// Export rows: one file per accepted row without the font, named from the content column.
+TEST_F(Elenco, EsportaRighe) {
+    const int font = QFontDatabase::addApplicationFont(QStringLiteral(KRT_FONT_PROVA "/ORBEAN.ttf"));
+    if (font < 0) GTEST_SKIP() << "reference fonts not built";
+    ASSERT_TRUE(finestra->ApriFile(File("righe.csv", "code\r\n4006381333931\r\n12X\r\n4006381333931\r\n")));
+    const QString uscita = cartella.filePath(QStringLiteral("uscita"));
+    ASSERT_TRUE(QDir().mkpath(uscita));
+    EXPECT_EQ(finestra->EsportaRighe(QDir(uscita).filePath(QStringLiteral("x.svg"))), 2);
+    EXPECT_EQ(QDir(uscita).entryList(QDir::Files, QDir::Name),
+              QStringList({QStringLiteral("4006381333931-2.svg"), QStringLiteral("4006381333931.svg")}));
+    EXPECT_EQ(finestra->EsportaRighe(QDir(uscita).filePath(QStringLiteral("x.gif"))), -1);
+    EXPECT_EQ(errori.size(), 1);
+    QFontDatabase::removeApplicationFont(font);
 }
 
 }  // namespace

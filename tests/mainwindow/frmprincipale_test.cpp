@@ -18,9 +18,14 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMimeData>
+#include <QPrinter>
+#include <QProcess>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QScrollBar>
+#include <QSettings>
+#include <QSpinBox>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTextBlock>
@@ -32,6 +37,7 @@
 #include "mainwindow/configurazione.h"
 #include "mainwindow/frmprincipale.h"
 #include "mainwindow/informazioni.h"
+#include "mainwindow/stampa.h"
 #include "tests/mainwindow/pagina_finestra.h"
 #include "support/cp1252.h"
 #include "support/stringhe.h"
@@ -535,6 +541,85 @@ TEST_F(Finestra, InformazioniInDueLingue) {
         ASSERT_NE(assistenza, nullptr);
         EXPECT_EQ(assistenza->text(), CaricaStringa(IdStringa::Assistenza));
     }
+}
+
+// File > Export (Ctrl+E) and File > Print (Ctrl+P) on the preview drawn, at the module width
+// and resolution of the row under the size; nothing out of date is exported or printed.
+TEST_F(Finestra, EsportaEStampa) {
+    const QString file = QStringLiteral(KRT_FONT_PROVA "/ORB39.ttf");
+    if (!QFile::exists(file)) GTEST_SKIP() << "reference fonts not built";
+    const int font = QFontDatabase::addApplicationFont(file);
+    ASSERT_GE(font, 0);
+    Apri();
+    EXPECT_EQ(Azione("mnuEsporta")->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_E));
+    EXPECT_EQ(Azione("mnuStampa")->shortcut(), QKeySequence(QKeySequence::Print));
+    auto* txtModulo = Figlio<QLineEdit>("txtModulo");
+    auto* spnDpi = Figlio<QSpinBox>("spnDpi");
+    auto* spnCopie = Figlio<QSpinBox>("spnCopie");
+    auto* labMisura = Figlio<QLabel>("labMisura");
+    Voce("Code 39");
+    Invio(QStringLiteral("KRT"));
+    txtModulo->setText(QStringLiteral("0.25"));
+    spnDpi->setValue(300);
+    // 0.25 mm at 300 dpi is 2.95 dots: 3 dots, 0.254 mm.
+    EXPECT_TRUE(labMisura->text().startsWith(CaricaStringa(778).section(QLatin1Char('%'), 0, 0) + "0.254"))
+        << labMisura->text().toStdString();
+    EXPECT_TRUE(labMisura->text().contains(QLatin1String("(3 ")));
+
+    const struct {
+        const char* nome;
+        const char* azione;
+        const char* file;
+        const char* contenuto;  // typed without Enter first, nullptr for none
+        int messaggio;          // string id of the message shown, 0 for none
+    } casi[] = {
+        {"png", "mnuEsporta", "k.png", nullptr, 0},
+        {"svg", "mnuEsporta", "k.svg", nullptr, 0},
+        {"pdf", "mnuEsporta", "k.pdf", nullptr, 0},
+        {"unknown_type", "mnuEsporta", "k.jpg", nullptr, 782},
+        {"print_pdf", "mnuStampa", "stampa.pdf", nullptr, 0},
+        {"out_of_date", "mnuEsporta", "vecchio.png", "KRT2", 781},
+        {"out_of_date_print", "mnuStampa", "vecchio.pdf", "KRT2", 781},
+    };
+    for (const auto& c : casi) {
+        SCOPED_TRACE(c.nome);
+        if (c.contenuto != nullptr) txtCodice->setText(QString::fromUtf8(c.contenuto));
+        messaggi.clear();
+        fileEsportazione = fileStampa = cartella.filePath(QLatin1String(c.file));
+        spnCopie->setValue(12);
+        Azione(c.azione)->trigger();
+        if (c.messaggio == 0) {
+            EXPECT_TRUE(messaggi.empty()) << messaggi.front().testo.toStdString();
+            EXPECT_GT(QFile(fileEsportazione).size(), 100);
+        } else {
+            ASSERT_EQ(messaggi.size(), 1u);
+            EXPECT_TRUE(messaggi[0].testo.startsWith(CaricaStringa(c.messaggio).section(QLatin1Char('%'), 0, 0)));
+            EXPECT_FALSE(QFile::exists(fileEsportazione));
+        }
+    }
+    // Twelve small copies share one page.
+    if (!QStandardPaths::findExecutable(QStringLiteral("pdfinfo")).isEmpty()) {
+        QProcess pdfinfo;
+        pdfinfo.start(QStringLiteral("pdfinfo"), {cartella.filePath(QStringLiteral("stampa.pdf"))});
+        ASSERT_TRUE(pdfinfo.waitForFinished());
+        EXPECT_TRUE(QString::fromUtf8(pdfinfo.readAllStandardOutput()).contains(QRegularExpression(QStringLiteral("Pages:\\s+1\\n"))));
+    }
+    // The row's values survive a restart through the host's settings store.
+    {
+        QSettings impostazioni(cartella.filePath(QStringLiteral("krt.conf")), QSettings::IniFormat);
+        finestra->findChild<PannelloStampa*>()->Salva(impostazioni);
+        PannelloStampa altro(nullptr);
+        altro.Ripristina(impostazioni);
+        EXPECT_EQ(altro.Copie(), 12);
+        EXPECT_EQ(altro.Misura(10).dpi, 300);
+        EXPECT_DOUBLE_EQ(altro.Misura(10).moduloMm, 0.25);
+    }
+    // The PNG is whole dots of 3 per module across, at the resolution asked.
+    const QImage png(cartella.filePath(QStringLiteral("k.png")));
+    EXPECT_EQ(png.width() % 3, 0);
+    EXPECT_EQ(png.dotsPerMeterX(), std::lround(300 / 0.0254));
+    finestra.reset();
+    QFontDatabase::removeApplicationFont(font);
 }
 
 }  // namespace

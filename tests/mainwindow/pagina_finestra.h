@@ -12,6 +12,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPrinter>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
@@ -70,6 +71,12 @@ struct PaginaFinestra {
             if (!risultatoWizard) return false;
             contenuto = risultatoWizard->first;
             hrc = risultatoWizard->second;
+            return true;
+        };
+        servizi.fileEsportazione = [this](const QString&) { return fileEsportazione; };
+        servizi.dialogoStampa = [this](QPrinter& stampante) {
+            stampante.setOutputFormat(QPrinter::PdfFormat);
+            stampante.setOutputFileName(fileStampa);
             return true;
         };
         finestra = std::make_unique<frmPrincipale>(servizi);
@@ -144,6 +151,7 @@ struct PaginaFinestra {
     std::vector<QString> documenti;
     std::optional<QFont> fontScelto;
     std::optional<std::pair<std::string, std::string>> risultatoWizard;
+    QString fileEsportazione, fileStampa;  // what the file and print dialogs answer
 
     QLineEdit* txtCodice = nullptr;
     QLineEdit* txtDimensione = nullptr;
