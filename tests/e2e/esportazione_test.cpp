@@ -12,6 +12,7 @@
 #include <QImage>
 #include <QPainter>
 #include <QProcess>
+#include <QProcessEnvironment>
 #include <QStandardPaths>
 #include <QSvgRenderer>
 #include <QTemporaryDir>
@@ -146,6 +147,13 @@ TEST(Esportazione, KrtEncode) {
         {"unreadable_font_dir", {"--font-dir", cartella.filePath("none"), "C39", "KRT"}, "f.png", 2, "--font-dir"},
         {"sizing_without_export", {"--module-width", "0.3", "C39", "KRT"}, nullptr, 2, "go with --export"},
     };
+    const QString nessunFont = cartella.filePath(QStringLiteral("fonts.conf"));
+    QFile conf(nessunFont);
+    ASSERT_TRUE(conf.open(QIODevice::WriteOnly));
+    conf.write(QStringLiteral("<?xml version=\"1.0\"?>\n<fontconfig><cachedir>%1</cachedir></fontconfig>\n")
+                   .arg(cartella.filePath(QStringLiteral("cache")))
+                   .toUtf8());
+    conf.close();
     for (const Caso& c : casi) {
         SCOPED_TRACE(c.nome);
         QStringList argomenti;
@@ -154,7 +162,10 @@ TEST(Esportazione, KrtEncode) {
         argomenti << c.argomenti;
         QProcess programma;
         // Without the test folder the families are not installed: the missing-family case
-        // needs a font system that does not know them.
+        // needs a font system that does not know them (the test's own one lists the test fonts).
+        QProcessEnvironment ambiente = QProcessEnvironment::systemEnvironment();
+        ambiente.insert(QStringLiteral("FONTCONFIG_FILE"), nessunFont);
+        programma.setProcessEnvironment(ambiente);
         programma.start(QStringLiteral(KRT_ENCODE), argomenti);
         ASSERT_TRUE(programma.waitForFinished(60000));
         const QString errori = QString::fromUtf8(programma.readAllStandardError());
