@@ -102,8 +102,8 @@ TEST(KrtEncode, Contratto) {
         // input encodings
         {{"--output=codes", "C128"}, "\xE2\x82\xAC\n", "137 134 97 57 139\n", 0, ""},  // euro sign is NUL
         {{"--output=codes", "--input-encoding=cp1252", "C128"}, "\x80\n", "137 134 97 57 139\n", 0, ""},
-        {{"C128"}, "\xC4\x81\nA\xFF\n", "\n\n", 1, "line 1: character U+0101 has no Windows-1252 code"},
-        {{"C128"}, "A\xFF\n", "\n", 1, "line 1: malformed UTF-8"},
+        {{"C128"}, "\xC4\x81\nA\xFF\n", "\n\n", 1,
+         "line 1: character U+0101 has no Windows-1252 code\nkrt-encode: line 2: malformed UTF-8"},
         // engine faults are reported like refusals
         {{"C128"}, "ab\\qc\n1\n", "\n\xE2\x80\xB0" "23\xE2\x80\xB9\n", 1, "line 1: The content holds an invalid escape sequence"},
         {{"C39"}, std::string(20000, 'A') + "\nA\n", "\n#A#\n", 1, "line 1: The content is too long: 4096 characters at most."},
