@@ -47,10 +47,11 @@ ENTRY = [
 ]
 
 
-def krt_encode(eseguibile, argomenti, contenuto, formato="codes"):
+def krt_encode(eseguibile, argomenti, contenuto=None, formato="codes", ingresso=b""):
     if isinstance(contenuto, float):
         contenuto = "%d" % contenuto
-    r = subprocess.run([eseguibile, "--output=" + formato] + argomenti + [contenuto], capture_output=True)
+    r = subprocess.run([eseguibile, "--output=" + formato] + argomenti + ([contenuto] if contenuto else []),
+                       input=ingresso, capture_output=True)
     if r.returncode != 0:
         return None
     if formato == "json":
@@ -61,18 +62,8 @@ def krt_encode(eseguibile, argomenti, contenuto, formato="codes"):
 def lettura(codici: bytes, simbolo: bool) -> str:
     """What a cell must hold for the glyph bytes: Windows-1252 reading (undefined bytes as
     their Latin-1 code points) for a Unicode-map font, U+F000+byte for a symbol-map font."""
-    uscita = ""
-    for b in codici:
-        if b < 0x20:
-            uscita += chr(b)
-        elif simbolo:
-            uscita += chr(0xF000 + b)
-        else:
-            try:
-                uscita += bytes([b]).decode("cp1252")
-            except UnicodeDecodeError:
-                uscita += chr(b)
-    return uscita
+    return "".join(chr(b) if b < 0x20 else chr(0xF000 + b) if simbolo else bytes([b]).decode("cp1252", "ignore")
+                   or chr(b) for b in codici)
 
 
 FUNZIONE = "ORG.KRT.CALC.FUNZIONI."
@@ -158,14 +149,17 @@ class LibreOffice:
         return json.loads(r.stdout)
 
 
-def errore(cella: str) -> bool:
-    return cella.startswith("Err:") or cella.startswith("#")
-
-
 def prova_csv(lo, krt_encode_exe, cartella, fallimenti):
     import krt
-    righe = []
-    attesi = []
+    righe, attesi = [], []
+
+    def aggiungi(contenuto, codici, quarta, *celle):
+        """A row: the content, then a formula per (function, arguments), "A" standing for the content's cell."""
+        a = "[.A%d]" % (len(righe) + 1)
+        righe.append(("", [testo(contenuto)] + [formula(f, *(a if x == "A" else x for x in argomenti))
+                                                for f, argomenti in celle]))
+        attesi.append((contenuto, codici, quarta))
+
     for simbologia, check, argomenti, contenuto in ENCODE:
         codici = krt_encode(krt_encode_exe, argomenti, contenuto) if argomenti else None
         motivo = ""
@@ -174,29 +168,17 @@ def prova_csv(lo, krt_encode_exe, cartella, fallimenti):
                 krt.encode(simbologia, contenuto, check == "1")
             except krt.Error as e:
                 motivo = str(e)
-        celle = [testo(contenuto),
-                 formula("KRTENCODE", q(simbologia), "[.A%d]" % (len(righe) + 1), check),
-                 formula("KRTENCODE", q(simbologia), "[.A%d]" % (len(righe) + 1), check, "1"),
-                 formula("KRTWHY", q(simbologia), "[.A%d]" % (len(righe) + 1), check)]
-        righe.append(("", celle))
-        attesi.append((contenuto, codici, motivo))
+        s = q(simbologia)
+        aggiungi(contenuto, codici, motivo, ("KRTENCODE", (s, "A", check)), ("KRTENCODE", (s, "A", check, "1")),
+                 ("KRTWHY", (s, "A", check)))
     for voce, contenuto in ENTRY:
-        riga = len(righe) + 1
-        codici = krt_encode(krt_encode_exe, ["--check", "--hrc", voce], contenuto)
         js = krt_encode(krt_encode_exe, ["--check", "--hrc", "--check-in-hrc", voce], contenuto, "json")
-        celle = [testo(contenuto),
-                 formula("KRTENTRY", q(voce), "[.A%d]" % riga, "1", "1"),
-                 formula("KRTENTRY", q(voce), "[.A%d]" % riga, "1", "1", "1"),
-                 formula("KRTHRC", q(voce), "[.A%d]" % riga, "1")]
-        righe.append(("", celle))
-        attesi.append((contenuto, codici, js["hrc"]))
+        v = q(voce)
+        aggiungi(contenuto, krt_encode(krt_encode_exe, ["--check", "--hrc", voce], contenuto), js["hrc"],
+                 ("KRTENTRY", (v, "A", "1", "1")), ("KRTENTRY", (v, "A", "1", "1", "1")), ("KRTHRC", (v, "A", "1")))
     gs1 = "(01)09501101530003(10)ABC"
-    codici = subprocess.run([krt_encode_exe, "--output=codes", "--gs1-input", "EAN 128"], input=gs1.encode(),
-                            capture_output=True, check=True).stdout
-    righe.append(("", [testo(gs1), formula("KRTGS1", "[.A%d]" % (len(righe) + 1)),
-                       formula("KRTGS1", "[.A%d]" % (len(righe) + 1), "1"),
-                       formula("KRTISBN", q("0-306-40615-2"))]))
-    attesi.append((gs1, bytes(int(n) for n in codici.split()), "978-0-306-40615-7"))
+    aggiungi(gs1, krt_encode(krt_encode_exe, ["--gs1-input", "EAN 128"], ingresso=gs1.encode()), "978-0-306-40615-7",
+             ("KRTGS1", ("A",)), ("KRTGS1", ("A", "1")), ("KRTISBN", (q("0-306-40615-2"),)))
 
     documento = os.path.join(cartella, "colonna.fods")
     with open(documento, "w", encoding="utf-8") as f:
@@ -210,7 +192,7 @@ def prova_csv(lo, krt_encode_exe, cartella, fallimenti):
         cella = letto[i] + [""] * 4 if i < len(letto) else [""] * 4
         nome = "row %d (%s)" % (i + 1, contenuto)
         if codici is None:
-            if not (errore(cella[1]) and errore(cella[2])):
+            if not all(c.startswith(("Err:", "#")) for c in cella[1:3]):
                 fallimenti.append("%s: refused content gave %r, %r instead of an error" % (nome, cella[1], cella[2]))
         else:
             for colonna, simbolo in ((1, False), (2, True)):
