@@ -135,7 +135,7 @@ int InIngresso(std::string_view testo, unsigned flags, std::string& uscita, Rifi
     }
     std::string& errore = spazio.errore;
     if (Utf8InCp1252(testo, uscita, errore)) return KRT_OK;
-    if (errore.rfind("malformed", 0) == 0) return KRT_INVALID_ARGUMENT;
+    if (!Utf8BenFormato(testo)) return KRT_INVALID_ARGUMENT;
     // The characters converted before the one that failed give its position.
     rifiuto = Rifiuto::InCarattere(uscita.size() + 1, 0);
     return KRT_REFUSED;

@@ -167,6 +167,12 @@ bool Utf8InCp1252(std::string_view testo, std::string& uscita, std::string& erro
     return true;
 }
 
+bool Utf8BenFormato(std::string_view testo) {
+    for (std::size_t i = 0; i < testo.size();)
+        if (LeggiUtf8(testo, i) == NonValido) return false;
+    return true;
+}
+
 void AccodaStringaJson(std::string& uscita, std::string_view utf8) {
     static constexpr char Esadecimali[] = "0123456789abcdef";
     uscita += '"';

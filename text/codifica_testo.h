@@ -32,6 +32,9 @@ void AccodaCp1252InUtf8(std::string& uscita, std::string_view byte);
 // sequence or a character without a Windows-1252 code returns false and a one-line reason.
 bool Utf8InCp1252(std::string_view testo, std::string& uscita, std::string& errore);
 
+// True when testo is well-formed UTF-8 (whatever its characters).
+bool Utf8BenFormato(std::string_view testo);
+
 // Appends UTF-8 text as a JSON string literal (quotes included). Malformed UTF-8 bytes
 // are written as U+FFFD so that the output always parses.
 void AccodaStringaJson(std::string& uscita, std::string_view utf8);
