@@ -28,6 +28,7 @@
 #include <QVBoxLayout>
 
 #include "barcodes/catalogo.h"
+#include "cycle/avvisi.h"
 #include "cycle/motivi.h"
 #include "mainwindow/anteprima.h"
 #include "mainwindow/attributi.h"
@@ -111,7 +112,7 @@ frmElenco::frmElenco(const ImpostazioniElenco& impostazioni, ServiziElenco servi
     labDimensione = new QLabel(this);
     spnDimensione = new QSpinBox(this);
     nomina(spnDimensione, "spnDimensione");
-    spnDimensione->setRange(1, 1000);
+    spnDimensione->setRange(1, DimensioneMassima);  // the main window's limit, which word processors accept
     labDimensione->setBuddy(spnDimensione);
     chkDigit = new QCheckBox(this);
     nomina(chkDigit, "chkDigit");
