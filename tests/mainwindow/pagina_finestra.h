@@ -95,7 +95,6 @@ struct PaginaFinestra {
         imgWizard = Figlio<QToolButton>("imgWizard");
         labSuperata = Figlio<QLabel>("labSuperata");
         labAvvisi = Figlio<QLabel>("labAvvisi");
-        labLarghezza = Figlio<QLabel>("labLarghezza");
         cmdClipboard = Figlio<QPushButton>("cmdClipboard");
         labScansione = Figlio<QLabel>("labScansione");
     }
@@ -166,7 +165,6 @@ struct PaginaFinestra {
     QToolButton* imgWizard = nullptr;
     QLabel* labSuperata = nullptr;
     QLabel* labAvvisi = nullptr;
-    QLabel* labLarghezza = nullptr;
     QPushButton* cmdClipboard = nullptr;
     QLabel* labScansione = nullptr;
 };
