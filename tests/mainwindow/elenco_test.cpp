@@ -94,6 +94,7 @@ TEST_F(Elenco, ColonnaFiltroSalvaCopia) {
     auto* colonna = finestra->findChild<QComboBox*>(QStringLiteral("cmbColonna"));
     ASSERT_EQ(colonna->count(), 2);
     colonna->setCurrentIndex(1);
+    finestra->Modello().ImpostaColonnaContenuto(2);  // past the last column: nothing changes
     EXPECT_EQ(finestra->Modello().Rifiutate(), 1u);
     auto* tabella = finestra->findChild<QTableView*>(QStringLiteral("tabella"));
     finestra->findChild<QCheckBox*>(QStringLiteral("chkSoloRifiutate"))->setChecked(true);

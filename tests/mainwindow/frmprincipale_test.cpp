@@ -493,6 +493,15 @@ TEST_F(Finestra, EsportaEStampa) {
     const QImage png(cartella.filePath(QStringLiteral("k.png")));
     EXPECT_EQ(png.width() % 3, 0);
     EXPECT_EQ(png.dotsPerMeterX(), std::lround(300 / 0.0254));
+    // A label printer's page holds one copy: each copy on a page of its own.
+    paginaStampa = QPageLayout(QPageSize(QSizeF(40, 12), QPageSize::Millimeter), QPageLayout::Portrait, {});
+    fileStampa = cartella.filePath(QStringLiteral("etichette.pdf"));
+    Figlio<QSpinBox>("spnCopie")->setValue(3);
+    Invio(QStringLiteral("KRT"));
+    Azione("mnuStampa")->trigger();
+    QFile etichette(fileStampa);
+    ASSERT_TRUE(etichette.open(QIODevice::ReadOnly));
+    EXPECT_EQ(etichette.readAll().count("/Type /Page\n"), 3);
 }
 
 }  // namespace

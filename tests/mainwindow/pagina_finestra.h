@@ -77,6 +77,7 @@ struct PaginaFinestra {
         servizi.dialogoStampa = [this](QPrinter& stampante) {
             stampante.setOutputFormat(QPrinter::PdfFormat);
             stampante.setOutputFileName(fileStampa);
+            if (paginaStampa) stampante.setPageLayout(*paginaStampa);
             return true;
         };
         finestra = std::make_unique<frmPrincipale>(servizi);
@@ -151,6 +152,7 @@ struct PaginaFinestra {
     std::optional<QFont> fontScelto;
     std::optional<std::pair<std::string, std::string>> risultatoWizard;
     QString fileEsportazione, fileStampa;  // what the file and print dialogs answer
+    std::optional<QPageLayout> paginaStampa;  // A4 when not set
 
     QLineEdit* txtCodice = nullptr;
     QLineEdit* txtDimensione = nullptr;

@@ -1,6 +1,7 @@
 // The RTF writer and the preview's runs (a word processor reading the result: tests/e2e).
 #include <gtest/gtest.h>
 
+#include <QFontDatabase>
 #include <QTextCursor>
 #include <QTextDocument>
 
@@ -128,10 +129,16 @@ TEST(Rtf, NessunaParolaDiControlloIniettata) {
         << rtf;
 }
 
-TEST(Rtf, LetturaDeiGlifiConFontUnicode) {
-    // A font with a Unicode map (any installed text font) takes the Windows-1252 reading.
-    const QString letti = LeggiGlifi("\xCC" "A\x8B\r\nB", QFont(QStringLiteral("DejaVu Sans")));
-    EXPECT_EQ(letti, QString::fromUtf8("\xC3\x8C" "A\xE2\x80\xB9\nB"));
+// A font with a Unicode map (any text font) takes the Windows-1252 reading, a symbol-map
+// barcode font the Latin-1 one.
+TEST(Rtf, LetturaDeiGlifiSecondoLaMappaDelFont) {
+    EXPECT_EQ(LeggiGlifi("\xCC" "A\x8B\r\nB", QFont(QStringLiteral("DejaVu Sans"))),
+              QString::fromUtf8("\xC3\x8C" "A\xE2\x80\xB9\nB"));
+    const int simbolo = QFontDatabase::addApplicationFont(QStringLiteral(KRT_FONT_PROVA "/../symbol/ORB128.ttf"));
+    if (simbolo < 0) GTEST_SKIP() << "reference fonts not built";
+    const QFont font(QFontDatabase::applicationFontFamilies(simbolo).value(0));
+    EXPECT_EQ(LeggiGlifi("\xCC" "A\x8B", font), QString::fromLatin1("\xCC" "A\x8B"));
+    QFontDatabase::removeApplicationFont(simbolo);
 }
 
 }  // namespace
