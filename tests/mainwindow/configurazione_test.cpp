@@ -155,7 +155,8 @@ TEST_F(FileConfigurazione, SalvataggioInterrotto) {
 // once: never over a KRT.CFG the user already has, never from anything but a regular file.
 TEST(CartellaDati, OpzioniCondivisePortateUnaVolta) {
     QTemporaryDir radice;
-    const QString condivisa = radice.filePath(QStringLiteral("comune")), utente = radice.filePath(QStringLiteral("utente"));
+    const QString condivisa = radice.filePath(QStringLiteral("comune")),
+                  utente = radice.filePath(QStringLiteral("utente"));
     const QByteArray opzioni = QByteArray(240, 'O') + "coda";
     const struct {
         const char* nome;
@@ -173,8 +174,10 @@ TEST(CartellaDati, OpzioniCondivisePortateUnaVolta) {
         QDir().mkpath(condivisa);
         QDir().mkpath(utente);
         ScriviFile(radice.filePath(QStringLiteral("buono")), opzioni);
-        if (c.link) QFile::link(radice.filePath(QStringLiteral("buono")), condivisa + QStringLiteral("/KRT.CFG"));
-        else ScriviFile(condivisa + QStringLiteral("/KRT.CFG"), opzioni);
+        if (c.link)
+            QFile::link(radice.filePath(QStringLiteral("buono")), condivisa + QStringLiteral("/KRT.CFG"));
+        else
+            ScriviFile(condivisa + QStringLiteral("/KRT.CFG"), opzioni);
         ScriviFile(condivisa + QStringLiteral("/ITALIANO.LNG"), {});
         if (!c.giaDellUtente.isEmpty()) ScriviFile(utente + QStringLiteral("/KRT.CFG"), c.giaDellUtente);
         const bool portate = c.giaDellUtente.isEmpty() && !c.link;
@@ -241,7 +244,8 @@ TEST(CartellaDati, PercorsiEFile) {
         {QStringLiteral("  dati"), QStringLiteral("x  "), QStringLiteral("  dati") + s + QStringLiteral("x  ")},
         {QString(), QStringLiteral("x"), s + QStringLiteral("x")},
     };
-    for (const auto& c : casi) EXPECT_EQ(krt::UnisciPercorsoNome(c.cartella, c.nome), c.atteso) << c.atteso.toStdString();
+    for (const auto& c : casi)
+        EXPECT_EQ(krt::UnisciPercorsoNome(c.cartella, c.nome), c.atteso) << c.atteso.toStdString();
     // Only an existing file is a file.
     QTemporaryDir cartella;
     ScriviFile(cartella.filePath(QStringLiteral("ITALIANO.LNG")), {});

@@ -64,7 +64,9 @@ TEST_F(Elenco, FileLetti) {
     } const casi[] = {
         {"semicolons, quotes, CRLF, empty line", "code;name\r\n4006381333931;\"a;\"\"b\"\"\r\nc\"\r\n12X;x\r\n\r\n",
          true, 3, 2, ""},
-        {"tab, byte-order mark, short and long rows", "\xEF\xBB\xBF" "code\tname\n4006381333931\n5901234123457\tb\tc\n",
+        {"tab, byte-order mark, short and long rows",
+         "\xEF\xBB\xBF"
+         "code\tname\n4006381333931\n5901234123457\tb\tc\n",
          true, 2, 1, ""},
         {"quote not closed", "code\n4006381333931\n\"12\n", false, 0, 0, "line 3: a quoted field is not closed"},
         {"text after a closing quote", "code,x\n\"1\"2,3\n", false, 0, 0, "line 2: a character follows"},
@@ -76,7 +78,8 @@ TEST_F(Elenco, FileLetti) {
         const QString percorso = File("lista.csv", c.dati);
         EXPECT_EQ(finestra->ApriFile(percorso), c.letto);
         EXPECT_EQ(errori.size(), c.letto ? 0 : 1);
-        EXPECT_TRUE(errori.join(QLatin1Char('\n')).contains(QLatin1String(c.errore))) << errori.join(QLatin1Char('\n')).toStdString();
+        EXPECT_TRUE(errori.join(QLatin1Char('\n')).contains(QLatin1String(c.errore)))
+            << errori.join(QLatin1Char('\n')).toStdString();
         if (c.letto) {
             EXPECT_EQ(finestra->Modello().rowCount(), c.righe);
             EXPECT_EQ(static_cast<int>(finestra->Modello().Rifiutate()), c.rifiutate);
@@ -100,7 +103,8 @@ TEST_F(Elenco, ColonnaFiltroSalvaCopia) {
     finestra->findChild<QCheckBox*>(QStringLiteral("chkSoloRifiutate"))->setChecked(true);
     ASSERT_EQ(tabella->model()->rowCount(), 1);
     EXPECT_EQ(tabella->model()->index(0, ModelloElenco::Contenuto).data().toString(), QStringLiteral("12X"));
-    EXPECT_TRUE(tabella->model()->index(0, ModelloElenco::Stato).data().toString().startsWith(QLatin1String("Refused: ")));
+    EXPECT_TRUE(
+        tabella->model()->index(0, ModelloElenco::Stato).data().toString().startsWith(QLatin1String("Refused: ")));
 
     // Saved: every row (the filter only hides), the fields as read, the three columns.
     const QString salvato = cartella.filePath(QStringLiteral("uscita.csv"));
@@ -144,7 +148,8 @@ TEST_F(Elenco, IncollaEGrandiFile) {
 
     // 100,000 rows: read, encoded and shown at once.
     std::string grande = "code;name\n";
-    for (int i = 0; i < 100000; ++i) grande += std::to_string(400000000000 + i) + ";\"item " + std::to_string(i) + "\"\n";
+    for (int i = 0; i < 100000; ++i)
+        grande += std::to_string(400000000000 + i) + ";\"item " + std::to_string(i) + "\"\n";
     const QString percorso = File("grande.csv", grande);
     const auto inizio = std::chrono::steady_clock::now();
     ASSERT_TRUE(finestra->ApriFile(percorso));

@@ -8,6 +8,7 @@
 #include <QScrollBar>
 #include <QSettings>
 #include <QSpinBox>
+#include <QTextCursor>
 
 #include "barcodes/controllo.h"
 #include "mainwindow/informazioni.h"
@@ -80,10 +81,10 @@ TEST_F(Finestra, InvioRiempieLAnteprima) {
          "AB<HT>12<EOT>12"},
         {"EAN 13", "Normal", true, true, "590123412345", Glifi("590123412345", "EAN13", true), "ORBEAN", nullptr},
         // Add-on entries: the main part, then the add-on from what follows (the rest ignored).
-        {"EAN 8 Add-on 2", nullptr, true, true, "123456712999", Glifi("1234567", "EAN8", true) + Glifi("12", "ADD2", true),
-         "ORBEAN", nullptr},
-        {"EAN 8 Add-on 2", nullptr, false, true, "123456712", Glifi("12345671", "EAN8", false) + Glifi("2", "ADD2", true),
-         "ORBEAN", nullptr},
+        {"EAN 8 Add-on 2", nullptr, true, true, "123456712999",
+         Glifi("1234567", "EAN8", true) + Glifi("12", "ADD2", true), "ORBEAN", nullptr},
+        {"EAN 8 Add-on 2", nullptr, false, true, "123456712",
+         Glifi("12345671", "EAN8", false) + Glifi("2", "ADD2", true), "ORBEAN", nullptr},
         // Two lines in the barcode family: the text line is part of the symbol.
         {"Code 32", nullptr, false, true, "12345678", Glifi("12345678", "C32HRC", false), "ORB32", nullptr},
         {"ISBN-13", nullptr, false, false, "978030640615", Glifi("978030640615", "ISBN13", true), "ORBEAN", nullptr},
@@ -99,7 +100,8 @@ TEST_F(Finestra, InvioRiempieLAnteprima) {
         for (const auto& p : Anteprima()) {
             const bool testo = p.famiglia == "Courier";
             (testo ? hrc : barre) << p.testo;
-            EXPECT_EQ(p.famiglia + " " + QString::number(p.punti), testo ? "Courier 10" : c.famiglia + QStringLiteral(" 100"));
+            EXPECT_EQ(p.famiglia + " " + QString::number(p.punti),
+                      testo ? "Courier 10" : c.famiglia + QStringLiteral(" 100"));
         }
         EXPECT_EQ(barre.join(QLatin1Char('\n')), c.barre);
         EXPECT_EQ(hrc, c.hrcAtteso ? QStringList{QLatin1String(c.hrcAtteso)} : QStringList{});
@@ -126,9 +128,10 @@ TEST_F(Finestra, RifiutiEAvvisiDopoInvio) {
         {"UPC-A", true, QStringLiteral("036000291450"), nullptr,
          QStringLiteral("12 digits typed: with Check Digit ticked, type 11 (or untick it). Check digit should be 2.")},
         {"Code 128", false, QStringLiteral("A\\q"), nullptr, CaricaStringa(IdStringa::DettaglioEscape)},
-        {"Code 39", false, QStringLiteral("AB!"),
-         nullptr, QStringLiteral("The character \"!\" at position 3 cannot be encoded in this symbology.")},
-        {"Code 39", false, QStringLiteral("A\u0101"), nullptr, QStringLiteral("The character at position 2 has no Windows-1252")},
+        {"Code 39", false, QStringLiteral("AB!"), nullptr,
+         QStringLiteral("The character \"!\" at position 3 cannot be encoded in this symbology.")},
+        {"Code 39", false, QStringLiteral("A\u0101"), nullptr,
+         QStringLiteral("The character at position 2 has no Windows-1252")},
     };
     for (const auto& c : casi) {
         SCOPED_TRACE(std::string(c.voce) + " " + c.contenuto.toStdString());
@@ -231,8 +234,10 @@ TEST_F(Finestra, CasellaDimensione) {
         QString testo, atteso;
         std::int16_t memorizzato;
     } casi[] = {
-        {QStringLiteral("48"), QStringLiteral("48"), 48},   {QStringLiteral("0"), QStringLiteral("100"), 100},
-        {QString(), QStringLiteral("100"), 100},            {QStringLiteral("999"), QStringLiteral("999"), 999},
+        {QStringLiteral("48"), QStringLiteral("48"), 48},
+        {QStringLiteral("0"), QStringLiteral("100"), 100},
+        {QString(), QStringLiteral("100"), 100},
+        {QStringLiteral("999"), QStringLiteral("999"), 999},
         {QStringLiteral("40000"), QStringLiteral("999"), 999},  // past what word processors accept
     };
     for (const auto& c : casi) {
@@ -419,6 +424,24 @@ TEST(Scansione, ImmagineVuotaNonLetta) {
     }
 }
 
+// The image for the reader holds the bar paragraphs only: text lines before or after add nothing.
+TEST(Scansione, ImmagineDelleSoleBarre) {
+    QTextDocument soloBarre, conTesto;
+    QTextCharFormat barre, testo;
+    barre.setFontFamilies({QStringLiteral("ORB39")});
+    barre.setFontPointSize(48);
+    testo.setFontPointSize(10);
+    QTextCursor(&soloBarre).insertText(QStringLiteral("*AB*"), barre);
+    QTextCursor cursore(&conTesto);
+    cursore.insertText(QStringLiteral("sopra"), testo);
+    cursore.insertBlock({}, barre);
+    cursore.insertText(QStringLiteral("*AB*"), barre);
+    cursore.insertBlock({}, testo);
+    cursore.insertText(QStringLiteral("*AB*"), testo);
+    const QString famiglia = QStringLiteral("ORB39");
+    EXPECT_EQ(ImmagineBarre(conTesto, famiglia).size(), ImmagineBarre(soloBarre, famiglia).size());
+}
+
 TEST_F(Finestra, WizardRestituisceContenutoEHRC) {
     const std::string contenuto = "010950123456789010ABC\\x813101000125", hrc = "(01)09501234567890(10)ABC(3101)000125";
     Voce("Code 39");
@@ -458,7 +481,8 @@ TEST_F(Finestra, EsportaEStampa) {
     Figlio<QSpinBox>("spnDpi")->setValue(300);
     // 0.25 mm at 300 dpi is 2.95 dots: 3 dots, 0.254 mm.
     const QString misura = Figlio<QLabel>("labMisura")->text();
-    EXPECT_TRUE(misura.startsWith(CaricaStringa(778).section(QLatin1Char('%'), 0, 0) + "0.254")) << misura.toStdString();
+    EXPECT_TRUE(misura.startsWith(CaricaStringa(778).section(QLatin1Char('%'), 0, 0) + "0.254"))
+        << misura.toStdString();
     EXPECT_TRUE(misura.contains(QLatin1String("(3 ")));
 
     const struct {
@@ -467,8 +491,8 @@ TEST_F(Finestra, EsportaEStampa) {
         const char* contenuto;  // typed without Enter first, nullptr for none
         int messaggio;          // string id of the message shown, 0 for none
     } casi[] = {
-        {"mnuEsporta", "k.png", nullptr, 0},        {"mnuEsporta", "k.jpg", nullptr, 782},
-        {"mnuStampa", "stampa.pdf", nullptr, 0},    {"mnuEsporta", "vecchio.png", "KRT2", 781},
+        {"mnuEsporta", "k.png", nullptr, 0},       {"mnuEsporta", "k.jpg", nullptr, 782},
+        {"mnuStampa", "stampa.pdf", nullptr, 0},   {"mnuEsporta", "vecchio.png", "KRT2", 781},
         {"mnuStampa", "vecchio.pdf", "KRT2", 781},
     };
     for (const auto& c : casi) {
@@ -479,7 +503,8 @@ TEST_F(Finestra, EsportaEStampa) {
         Azione(c.azione)->trigger();
         ASSERT_EQ(messaggi.size(), c.messaggio ? 1u : 0u);
         EXPECT_EQ(QFile(fileEsportazione).size() > 100, c.messaggio == 0);
-        EXPECT_TRUE(!c.messaggio || messaggi[0].testo.startsWith(CaricaStringa(c.messaggio).section(QLatin1Char('%'), 0, 0)));
+        EXPECT_TRUE(!c.messaggio ||
+                    messaggi[0].testo.startsWith(CaricaStringa(c.messaggio).section(QLatin1Char('%'), 0, 0)));
     }
     // The row's values survive a restart through the host's settings store.
     QSettings impostazioni(cartella.filePath(QStringLiteral("krt.conf")), QSettings::IniFormat);

@@ -47,7 +47,8 @@ TEST_F(Guide, CopiaSoloLaGuidaMancante) {
     for (const auto& c : casi) {
         SCOPED_TRACE(c.caso);
         const QString base = Percorso(QLatin1String(c.caso)), dati = base + QStringLiteral("/dati"),
-                      prima = base + QStringLiteral("/prima/KRTGuide.pdf"), guida = dati + QStringLiteral("/KRTGuide.pdf");
+                      prima = base + QStringLiteral("/prima/KRTGuide.pdf"),
+                      guida = dati + QStringLiteral("/KRTGuide.pdf");
         ASSERT_TRUE(QDir().mkpath(dati));
         if (c.nellaCartellaDati && QLatin1String(c.nellaCartellaDati) == QLatin1String("/"))
             ASSERT_TRUE(QDir().mkpath(guida));
@@ -71,7 +72,7 @@ TEST_F(Guide, CopiaSoloLaGuidaMancante) {
 // and the build tree's docs beside bin, last.
 TEST_F(Guide, CartelleCercateDaDoveSiTrovaIlProgramma) {
     qputenv("XDG_DATA_DIRS", Percorso(QStringLiteral("xdg")).toLocal8Bit());  // the runner's own folder otherwise
-    ASSERT_TRUE(QDir().mkpath(Percorso(QStringLiteral("xdg/krt"))));  // listed when it exists
+    ASSERT_TRUE(QDir().mkpath(Percorso(QStringLiteral("xdg/krt"))));          // listed when it exists
     QStringList cartelle = krt::CartelleGuideInstallate(Percorso(QStringLiteral("prefisso/bin")));
     ASSERT_GE(cartelle.size(), 5);
     EXPECT_EQ(cartelle[0], Percorso(QStringLiteral("prefisso/bin")));

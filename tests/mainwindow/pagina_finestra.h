@@ -141,7 +141,8 @@ struct PaginaFinestra {
     QString Marcatore() const { return cartella.filePath(QStringLiteral("ITALIANO.LNG")); }
 
     static QString Glifi(const std::string& contenuto, const std::string& codice, bool check) {
-        return DaWindows1252(CodificaBarcode(contenuto, codice, check)).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+        return DaWindows1252(CodificaBarcode(contenuto, codice, check))
+            .replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
     }
 
     QTemporaryDir cartella;
@@ -151,7 +152,7 @@ struct PaginaFinestra {
     std::vector<QString> documenti;
     std::optional<QFont> fontScelto;
     std::optional<std::pair<std::string, std::string>> risultatoWizard;
-    QString fileEsportazione, fileStampa;  // what the file and print dialogs answer
+    QString fileEsportazione, fileStampa;     // what the file and print dialogs answer
     std::optional<QPageLayout> paginaStampa;  // A4 when not set
 
     QLineEdit* txtCodice = nullptr;
@@ -170,6 +171,5 @@ struct PaginaFinestra {
     QPushButton* cmdClipboard = nullptr;
     QLabel* labScansione = nullptr;
 };
-
 
 }  // namespace krt::prova

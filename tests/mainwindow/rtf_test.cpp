@@ -51,14 +51,16 @@ TEST(Rtf, Regole) {
          {"{\\f1\\fnil\\fcharset0 Courier;}", "\\plain\\f1\\fs20\\b\\i\\ul\\strike *A*}"},
          {}},
         {"plain HRC sets no attribute", {Barre("Courier", 10, "x")}, {"\\plain\\f0\\fs20 x"}, {"\\b", "\\i ", "\\ul"}},
-        {"one table entry per family", {Barre("F", 12, "a"), Barre("F", 14, "b")}, {"{\\fonttbl{\\f0\\fnil\\fcharset0 F;}}"}, {"\\f1"}},
+        {"one table entry per family", {Barre("F", 12, "a"), Barre("F", 14, "b")},
+         {"{\\fonttbl{\\f0\\fnil\\fcharset0 F;}}"}, {"\\f1"}},
         {"symbol map font", {simbolo}, {"{\\f0\\fnil\\fcharset2 ORB128;}", "\\'cc\\'8b"}, {"fcharset0"}},
         {"family names are escaped too", {Barre("Caf\xE9", 12, "x")}, {"\\fcharset0 Caf\\'e9;}"}, {}},
         {"a leading space survives the delimiter", {Barre("F", 12, " x")}, {"\\fs24  x"}, {}},
     };
     for (const auto& c : casi) {
         const std::string rtf = ComponiRtf(c.segmenti);
-        for (const auto& p : c.presenti) EXPECT_NE(rtf.find(p), std::string::npos) << c.nome << ": " << p << "\n" << rtf;
+        for (const auto& p : c.presenti)
+            EXPECT_NE(rtf.find(p), std::string::npos) << c.nome << ": " << p << "\n" << rtf;
         for (const auto& a : c.assenti) EXPECT_EQ(rtf.find(a), std::string::npos) << c.nome << ": " << a << "\n" << rtf;
         EXPECT_EQ(rtf.back(), '}') << c.nome;
         for (unsigned char ch : rtf) EXPECT_TRUE(ch < 128) << c.nome << ": the document is 7-bit";
