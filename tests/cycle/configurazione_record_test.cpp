@@ -56,7 +56,8 @@ TEST(RecordConfigurazione, TestiTagliatiOCompletatiConSpazi) {
     c.Simbologia.Imposta(std::string(40, 'x'));
     c.Stile.Imposta("\xE9");  // Windows-1252 byte kept as it is
     const Record predefinito = krt::ScriviRecordConfigurazione(Predefinita());
-    EXPECT_EQ(krt::ScriviRecordConfigurazione(c), Scrivi(Scrivi(predefinito, 138, std::string(30, 'x')), 174, Spazi("\xE9", 64)));
+    EXPECT_EQ(krt::ScriviRecordConfigurazione(c),
+              Scrivi(Scrivi(predefinito, 138, std::string(30, 'x')), 174, Spazi("\xE9", 64)));
     EXPECT_EQ(krt::TestoFisso<8>("  a b ").Rifilato(), "a b");
 }
 
@@ -70,9 +71,10 @@ TEST(RecordConfigurazione, FileCorto) {
     const Configurazione pred = Predefinita(), es = Esempio;
     for (const auto& c : casi) {
         const auto l = krt::LeggiRecordConfigurazione(std::span(completo).first(c.lunghezza), pred);
-        const bool letti[] = {l.NomeFontHRC == es.NomeFontHRC, l.GrassettoHRC == es.GrassettoHRC,
-                              l.DimensioneHRC == es.DimensioneHRC, l.Simbologia == es.Simbologia, l.HRC == es.HRC,
-                              l.Dimensione == es.Dimensione, l.Stile == es.Stile, l.CheckDigitInHRC == es.CheckDigitInHRC};
+        const bool letti[] = {l.NomeFontHRC == es.NomeFontHRC,     l.GrassettoHRC == es.GrassettoHRC,
+                              l.DimensioneHRC == es.DimensioneHRC, l.Simbologia == es.Simbologia,
+                              l.HRC == es.HRC,                     l.Dimensione == es.Dimensione,
+                              l.Stile == es.Stile,                 l.CheckDigitInHRC == es.CheckDigitInHRC};
         for (int i = 0; i < 8; ++i) EXPECT_EQ(letti[i], i < c.campiLetti) << "length " << c.lunghezza << " field " << i;
     }
 }
@@ -108,7 +110,8 @@ TEST(RecordConfigurazione, ValoriStrani) {
     for (const auto& c : casi) {
         Configurazione attesa = Esempio;
         c.atteso(attesa, pred);
-        EXPECT_EQ(krt::LeggiRecordConfigurazione(Scrivi(krt::ScriviRecordConfigurazione(Esempio), c.offset, c.byte), pred), attesa) << c.nome;
+        const Record r = Scrivi(krt::ScriviRecordConfigurazione(Esempio), c.offset, c.byte);
+        EXPECT_EQ(krt::LeggiRecordConfigurazione(r, pred), attesa) << c.nome;
     }
 }
 
