@@ -71,8 +71,9 @@ TEST(Avvisi, ChiaviEDateGS1) {
         {"01", "0950123456789A", std::nullopt, false},  // not all digits
         {"414", "5412345000010", '3', false},
         {"10", "5412345000010", std::nullopt, false},
-        // dates: month 13, 29 February of a leap year and of another, day 00, too short, not a date
-        {"11", "241301", std::nullopt, true},  {"17", "240299", std::nullopt, true},
+        // dates: months 13, 00 and 01, 29 February of a leap year and of another, day 00, too short, not a date
+        {"11", "241301", std::nullopt, true},  {"11", "240001", std::nullopt, true},
+        {"17", "240131", std::nullopt, false}, {"17", "240299", std::nullopt, true},
         {"15", "240229", std::nullopt, false}, {"15", "230229", std::nullopt, true},
         {"13", "241200", std::nullopt, false}, {"17", "2412", std::nullopt, false},
         {"20", "241301", std::nullopt, false},

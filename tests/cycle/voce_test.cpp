@@ -6,7 +6,7 @@
 #include <string>
 
 #include "cycle/attesa_scansione.h"
-#include "cycle/motivi.h"
+#include "cycle/elenco.h"
 
 namespace krt {
 namespace {
@@ -127,8 +127,9 @@ TEST(Voce, TestoHRC) {
     EXPECT_EQ(TestoHRCVoce(Voce(402), "TEST", OpzioniVoce{false, false, true, "Normal", {}}), "TEST");
 }
 
-// The reason as the user reads it, in both languages; an add-on's position counts from the
-// start of the whole content; a fault of the engine reaches the caller, who tells it the same way.
+// The reason as the user reads it, in both languages, for a content of a list (UTF-8): an
+// add-on's position counts from the start of the whole content; a fault of the engine and a
+// character Windows-1252 lacks are told like the other refusals.
 TEST(Voce, MotivoDelRifiuto) {
     const struct {
         int id;
@@ -137,6 +138,7 @@ TEST(Voce, MotivoDelRifiuto) {
         const char* testo;
     } righe[] = {
         {424, "ab\\qc", 0, "The content holds an invalid escape sequence or a character that cannot be drawn."},
+        {400, "A\xC4\x81", 0, "The character at position 2 has no Windows-1252 code and cannot be encoded."},
         {415, "", 0, "The content is empty."},
         {415, "", 1000, "Il contenuto è vuoto."},
         {415, "12345678901234", 0, "The content is too long: 13 characters at most."},
@@ -148,14 +150,8 @@ TEST(Voce, MotivoDelRifiuto) {
         {427, "0000030", 1000, "Questo numero non ha un carattere di controllo CIP (il resto pesato è 10)."},
     };
     for (const auto& r : righe) {
-        SCOPED_TRACE("entry " + std::to_string(r.id) + " content \"" + r.contenuto + "\"");
-        Rifiuto rifiuto;
-        try {
-            rifiuto = GeneraVoce(Voce(r.id), r.contenuto, OpzioniVoce{}).rifiuto;
-        } catch (const std::exception& guasto) {
-            rifiuto = RifiutoDaGuasto(guasto);
-        }
-        EXPECT_EQ(TestoRifiuto(rifiuto, Voce(r.id).codice, r.offsetLingua), r.testo);
+        EXPECT_EQ(CodificaElemento(Voce(r.id), r.contenuto, OpzioniVoce{}, r.offsetLingua).motivo, r.testo)
+            << "entry " << r.id << " content \"" << r.contenuto << "\"";
     }
 }
 
@@ -171,6 +167,7 @@ TEST(Voce, AttesaDellaScansione) {
         bool senzaCheck93, addOn;
     } righe[] = {
         {400, "AB_1", false, FormatoLettore::Code39, "AB 1", false, false},
+        {401, "Ab", true, FormatoLettore::Code39, "AbJ", false, false},  // the check over "A+B", a native character
         {402, "AB_1", false, FormatoLettore::Code93, "AB 1", true, false},
         {402, "AB_1", true, FormatoLettore::Code93, "AB 1", false, false},
         {424, "\\x81" "01\\x80A", false, FormatoLettore::Code128, std::string_view("01\0A", 4), false, false},
