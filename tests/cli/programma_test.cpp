@@ -189,8 +189,8 @@ const Caso Casi[] = {
 
     // --csv: rows come back whole with barcode, hrc and error, in the input's delimiter, line
     // end and encoding; refusals never stop the run; a file that is not CSV stops at its line
-    {"csv_semicolons_crlf_quotes", {"--csv", "C39"}, "id;n\xC3\xA0me\r\nAB;\"x;\"\"y\"\"\"\r\n", 0, "",
-     "id;n\xC3\xA0me;barcode;hrc;error\r\nAB;\"x;\"\"y\"\"\";#AB#;;\r\n"},
+    {"csv_semicolons_crlf_quotes", {"--csv", "C39"}, "id;name\r\nAB;\"x;\"\"y\"\"\"\r\nCD;n\xC3\xA0\"me\r\n", 0, "",
+     "id;name;barcode;hrc;error\r\nAB;\"x;\"\"y\"\"\";#AB#;;\r\nCD;\"n\xC3\xA0\"\"me\";#CD#;;\r\n"},
     {"csv_refused_and_short_rows_go_on", {"--csv", "--column=2", "C39"}, "n,code\n1,?\n2\n3,AB,x\n4,AB\n",
      1, "line 3: The row has no field 2",
      "n,code,barcode,hrc,error\n1,?,,,\"The character \"\"?\"\" at position 1 cannot be encoded in this "
