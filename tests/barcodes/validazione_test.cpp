@@ -28,7 +28,6 @@ TEST(Validazione, AcceptsRewritesOrRefuses) {
         {"C39", false, "", "empty"},
         {"EAN13", true, "123", "000000000123"},
         {"EAN13", true, "12345678901234", "length 1-12"},
-        {"EAN13", true, "1234567890123", "length 1-12"},
         {"EAN13", false, "1234567890123", "1234567890123"},
         {"EAN13", false, "12345678901234", "length 1-13"},
         {"EAN13", true, "12a4", "character 3 a"},
@@ -42,7 +41,6 @@ TEST(Validazione, AcceptsRewritesOrRefuses) {
         {"POSTNET", true, "1234567", "001234567"},
         {"POSTNET", true, "1234567890123", "length 1-11"},
         {"POSTNET", false, "1234567", "0001234567"},
-        {"POSTNET", false, "123456789012", "123456789012"},
         {"POSTNET", false, "1234567890123", "length 1-12"},
         {"CIP", true, "000003", "range"},    // remainder 10
         {"CIP", false, "0000030", "range"},  // same remainder test on seven digits
@@ -74,11 +72,9 @@ TEST(Validazione, AcceptsRewritesOrRefuses) {
         {"PLESSEY", false, "0123456789abcde", "0123456789ABCDE"},
         {"DELTA", true, "12O", "12O"},
         {"DELTA", true, "12n", "character 3 n"},
-        {"DELTA", true, "klmo", "KLMO"},
         {"DELTA", true, "1234567890123456", "length 1-15"},
         {"DELTA", false, "1234567890123456", "1234567890123456"},
         {"CBAR", false, "a123b", "A123B"},
-        {"CBAR", false, "A1B", "A1B"},
         {"CBAR", false, "A1", "length 3-0"},
         {"CBAR", false, "A12", "structure"},  // the last character is no stop character
         {"CBAR", false, "A1x2B", "character 3 x"},
