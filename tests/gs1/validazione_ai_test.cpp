@@ -72,13 +72,6 @@ TEST(ValidaValoreAI, DecisionPerFormatCode) {
     }
 }
 
-TEST(ValidaValoreAI, BlankValueIsEmptyForEveryFormat) {
-    for (const auto& voce : CatalogoAI) {
-        const auto esito = ValidaValoreAI("   ", voce.formato);
-        EXPECT_EQ(esito.idMessaggio, MessaggioCodiceVuoto) << voce.ai << " " << voce.formato;
-    }
-}
-
 TEST(NumberGrammar, IntegerAndDecimal) {
     const struct {
         std::string testo;
@@ -109,12 +102,6 @@ TEST(CalcolaCheckGS1, WeightsByLength) {
         {"0000000000000", "0"},
     };
     for (const auto& c : casi) EXPECT_EQ(CalcolaCheckGS1(c.cifre), c.atteso) << "\"" << c.cifre << "\"";
-}
-
-TEST(TestoMessaggioInglese, KnownIdsOnly) {
-    EXPECT_EQ(TestoMessaggioInglese(MessaggioLunghezzaErrata), "Wrong length!");
-    EXPECT_EQ(TestoMessaggioInglese(MessaggioCodiceVuoto), "The code is empty!");
-    EXPECT_EQ(TestoMessaggioInglese(600), "");
 }
 
 }  // namespace
