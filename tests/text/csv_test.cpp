@@ -126,8 +126,8 @@ TEST(ColonnaCsv, PerNomeONumero) {
     struct Riga {
         const char* testo;
         std::size_t indice;
-    } const righe[] = {{"ISBN", 0}, {"title", 2}, {"2", 1}, {"3", 2}, {"4", std::string_view::npos},
-                       {"0", std::string_view::npos}, {"Price", std::string_view::npos}};
+    } const righe[] = {{"ISBN", 0}, {"title", 2}, {"1", 0}, {"2", 1}, {"3", 2}, {"4", std::string_view::npos},
+                       {"0", std::string_view::npos}, {"12", std::string_view::npos}, {"Price", std::string_view::npos}};
     for (const auto& r : righe) EXPECT_EQ(RisolviColonnaCsv(intestazione, r.testo), r.indice) << r.testo;
 }
 
