@@ -42,10 +42,7 @@ TEST(Escape, OneCharacterReads) {
     for (const auto& c : casi) {
         std::size_t pos = c.posizione;
         const std::string r = krt::LeggiCarattereEscape(c.contenuto, pos);
-        if (c.codice == Vuoto)
-            EXPECT_EQ(r, "") << c.contenuto;
-        else
-            EXPECT_EQ(r, std::string(1, static_cast<char>(c.codice))) << c.contenuto;
+        EXPECT_EQ(r, c.codice == Vuoto ? "" : std::string(1, static_cast<char>(c.codice))) << c.contenuto;
         EXPECT_EQ(pos, c.dopo) << c.contenuto;
     }
 }
