@@ -24,7 +24,8 @@ TEST(Code128, ValoriDeiCaratteriFunzione) {
         {Fnc1 + Fnc1 + Fnc1 + Fnc1 + "A", {105, 102, 102, 102, 100, 102, 33}},
         {"12" + Fnc1, {104, 99, 12, 102}},  // three characters get no Start C
     };
-    for (const auto& c : casi) EXPECT_EQ(krt::ValoriCode128(c.contenuto), c.valori) << testing::PrintToString(c.contenuto);
+    for (const auto& c : casi)
+        EXPECT_EQ(krt::ValoriCode128(c.contenuto), c.valori) << testing::PrintToString(c.contenuto);
     EXPECT_TRUE(krt::ValoriCode128("A\x85").empty());
 }
 
@@ -48,7 +49,8 @@ TEST(Code128, RefusalsFaultsAndLength) {
         bool guasto;
     } casi[] = {{"\\d133", false}, {"AB\xC8", false}, {"\\d200\\q", false}, {"ab\\qc", true}, {"abc\\", true}};
     using Codifica = std::string (*)(std::string&);
-    for (const Codifica codifica : {static_cast<Codifica>(krt::CodificaCode128), static_cast<Codifica>(krt::CodificaEan128)})
+    for (const Codifica codifica : {static_cast<Codifica>(krt::CodificaCode128),
+                                    static_cast<Codifica>(krt::CodificaEan128)})
         for (const auto& [testo, guasto] : casi) {
             std::string c = testo;
             if (guasto)

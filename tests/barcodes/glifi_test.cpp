@@ -52,7 +52,8 @@ class Glifi : public testing::TestWithParam<Riga> {};
 
 TEST_P(Glifi, Atteso) { EXPECT_EQ(GetParam().routine(GetParam().ingresso), GetParam().atteso); }
 
-INSTANTIATE_TEST_SUITE_P(Righe, Glifi, testing::ValuesIn(Righe), [](const auto& i) { return std::string(i.param.nome); });
+INSTANTIATE_TEST_SUITE_P(Righe, Glifi, testing::ValuesIn(Righe),
+                         [](const auto& i) { return std::string(i.param.nome); });
 
 // A long Code 32 content wraps, six glyphs still come out;
 // Full ASCII writes back its decoded content and its check is that of the expanded text.

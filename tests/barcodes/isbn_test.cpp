@@ -42,11 +42,12 @@ TEST(Isbn, Conversioni) {
         EXPECT_EQ(krt::ConvertiISBN(c.isbn, dieci, tredici), c.stato);
         EXPECT_EQ(dieci, c.isbn10);
         EXPECT_EQ(tredici, c.isbn13);
-        const std::string nove = krt::NormalizzaISBN(dieci).substr(0, 9), dodici = krt::NormalizzaISBN(tredici).substr(0, 12);
+        const std::string nove = krt::NormalizzaISBN(dieci).substr(0, 9);
+        const std::string dodici = krt::NormalizzaISBN(tredici).substr(0, 12);
         if (c.stato != 0 || !krt::SoloCifre(nove)) continue;
         EXPECT_EQ(krt::CalcolaCheckISBN(nove), nove + "-" + dieci.back());
-        EXPECT_EQ(krt::CodificaBarcode(nove, "ISBN", false),
-                  "--$" + krt::CodificaTestoISBN(dieci) + "\r\n" + krt::CodificaEAN13(krt::CalcolaCheckEAN("978" + nove)));
+        const std::string barre978 = krt::CodificaEAN13(krt::CalcolaCheckEAN("978" + nove));
+        EXPECT_EQ(krt::CodificaBarcode(nove, "ISBN", false), "--$" + krt::CodificaTestoISBN(dieci) + "\r\n" + barre978);
         EXPECT_EQ(krt::CodificaBarcode(dodici, "ISBN13", true),
                   "$" + krt::CodificaTestoISBN(tredici) + "\r\n" + krt::CodificaEAN13(krt::CalcolaCheckEAN(dodici)));
     }

@@ -12,9 +12,11 @@ namespace {
 
 // The content as rewritten when accepted, else the refusal and its details.
 std::string Esito(const krt::Rifiuto& r, const std::string& contenuto) {
-    static const char* const Motivi[] = {"", "empty", "length", "character", "structure", "range", "escape", "overflow"};
+    static const char* const Motivi[] = {"",      "empty",  "length", "character", "structure",
+                                         "range", "escape", "overflow"};
     std::string esito = r ? Motivi[static_cast<int>(r.motivo)] : contenuto;
-    if (r.motivo == krt::MotivoRifiuto::Lunghezza) esito += " " + std::to_string(r.minimo) + "-" + std::to_string(r.massimo);
+    if (r.motivo == krt::MotivoRifiuto::Lunghezza)
+        esito += " " + std::to_string(r.minimo) + "-" + std::to_string(r.massimo);
     if (r.motivo == krt::MotivoRifiuto::Carattere) esito += " " + std::to_string(r.posizione) + " " + r.carattere;
     return esito;
 }
@@ -117,7 +119,8 @@ TEST(Validazione, Helpers) {
             for (const char estraneo : {'/', ':', '\xB5', '\0', 'p'}) {
                 std::string s = cifre;
                 s[posto] = estraneo;
-                EXPECT_FALSE(krt::SoloCifre(s)) << "length " << lunghezza << ", byte " << int(estraneo) << " at " << posto;
+                EXPECT_FALSE(krt::SoloCifre(s)) << "length " << lunghezza << ", byte " << int(estraneo) << " at "
+                                                << posto;
             }
         }
     }

@@ -60,7 +60,8 @@ TEST(CodificaTesto, DaUtf8) {
     for (const auto& r : righe) {
         std::string uscita, errore;
         const bool ok = Utf8InCp1252(r.utf8, uscita, errore);
-        EXPECT_EQ(Utf8BenFormato(r.utf8), std::string_view(r.errore).find("malformed") == std::string_view::npos) << r.utf8;
+        EXPECT_EQ(Utf8BenFormato(r.utf8), std::string_view(r.errore).find("malformed") == std::string_view::npos)
+            << r.utf8;
         EXPECT_EQ(ok, r.cp1252 != nullptr) << "input \"" << r.utf8 << "\"";
         if (r.cp1252 != nullptr)
             EXPECT_EQ(uscita, r.cp1252) << "input \"" << r.utf8 << "\"";

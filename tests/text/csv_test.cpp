@@ -39,7 +39,8 @@ std::string Letti(LettoreCsv& lettore) {
             const std::string grezzo = std::string(lettore.Grezzo()) + "\n";
             LettoreCsv copia = Lettore(grezzo, lettore.Separatore());
             std::vector<std::string_view> riletti;
-            EXPECT_TRUE(copia.Prossimo(riletti) && std::equal(campi.begin(), campi.end(), riletti.begin(), riletti.end()));
+            EXPECT_TRUE(copia.Prossimo(riletti));
+            EXPECT_TRUE(std::equal(campi.begin(), campi.end(), riletti.begin(), riletti.end()));
         }
     }
     return letti;
@@ -127,7 +128,8 @@ TEST(ColonnaCsv, PerNomeONumero) {
         const char* testo;
         std::size_t indice;
     } const righe[] = {{"ISBN", 0}, {"title", 2}, {"1", 0}, {"2", 1}, {"3", 2}, {"4", std::string_view::npos},
-                       {"0", std::string_view::npos}, {"12", std::string_view::npos}, {"Price", std::string_view::npos}};
+                       {"0", std::string_view::npos}, {"12", std::string_view::npos},
+                       {"Price", std::string_view::npos}};
     for (const auto& r : righe) EXPECT_EQ(RisolviColonnaCsv(intestazione, r.testo), r.indice) << r.testo;
 }
 
