@@ -52,6 +52,7 @@ TEST(RegolaFormato, LimitAndDescription) {
     };
     for (const auto& c : casi) {
         EXPECT_EQ(LimiteValore(c.formato), c.limite) << c.formato;
+        EXPECT_EQ(RegolaDelFormato(c.formato).limite, c.limite.value_or(0)) << c.formato;
         EXPECT_EQ(RegolaDelFormato(c.formato).idDescrizione, c.idDescrizione) << c.formato;
         EXPECT_EQ(ComponiDescrizione(c.formato, c.testo), c.descrizione) << c.formato;
     }
