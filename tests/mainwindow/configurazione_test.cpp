@@ -51,86 +51,66 @@ protected:
     QString file_;
 };
 
-TEST_F(FileConfigurazione, PredefinitiSeIlFileMancaOEVuotoOIlleggibile) {
-    // The "Normal" style follows the language.
-    const std::pair<const char*, std::function<void()>> casi[] = {
-        {"missing", [] {}},
-        {"empty", [&] { ScriviFile(file_, {}); }},
-        {"a folder", [&] { QDir().mkpath(file_); }},
-        {"missing, in Italian", [] { krt::ImpostaOffsetLingua(krt::kOffsetItaliano); }},
-    };
-    for (const auto& [nome, prepara] : casi) {
-        SCOPED_TRACE(nome);
-        QFile::remove(file_);
-        QDir(file_).removeRecursively();
-        prepara();
-        Configurazione letta = Modificata();
-        EXPECT_FALSE(krt::CaricaConfigurazione(letta));
-        krt::ImpostaOffsetLingua(krt::kOffsetInglese);
-        EXPECT_EQ(letta.NomeFontHRC.Rifilato(), "Courier");
-        EXPECT_EQ(letta.Dimensione, 100);
-        EXPECT_EQ(letta.Stile.Rifilato(), std::strstr(nome, "Italian") ? "Normale" : "Normal");
-        EXPECT_EQ(letta.CheckDigitInHRC, krt::kVero);  // left as it was
-    }
-}
-
-// The whole record back (the record itself: the cycle's tests); bytes past it stay as they were.
-TEST_F(FileConfigurazione, SalvaERileggi) {
-    ASSERT_TRUE(krt::SalvaConfigurazione(Modificata()));
-    EXPECT_EQ(LeggiFile(file_), Record());
-    Configurazione letta;
-    ASSERT_TRUE(krt::CaricaConfigurazione(letta));
-    EXPECT_EQ(letta, Modificata());
-
-    const QByteArray coda(60, '\x5A');
-    ScriviFile(file_, QByteArray(240, '\x5A') + coda);
-    ASSERT_TRUE(krt::SalvaConfigurazione(Modificata()));
-    EXPECT_EQ(LeggiFile(file_), Record() + coda);
-}
-
 #ifdef Q_OS_UNIX
-// What may be found at KRT.CFG instead of the program's own file (a folder: see above), and a
-// save that cannot write every byte (a full disk, here a file size limit). Nothing but a regular
-// file is read; a save replaces a link or a FIFO with a regular file and never writes through a
-// link; a save cut short leaves the old file as it was, or no file at all, and nothing behind.
-TEST_F(FileConfigurazione, NienteSiPerde) {
+// What may be found at KRT.CFG, and a save that cannot write every byte (a full disk, here a file
+// size limit). Only a regular file with bytes is read, else the defaults ("Normal" in the language);
+// a save keeps the bytes past the record, replaces a link or a FIFO with a regular file and never
+// writes through a link; a save cut short leaves the old file as it was, or no file, and nothing
+// behind. (The record itself: the cycle's tests.)
+TEST_F(FileConfigurazione, CaricaESalva) {
     const QString vittima = cartella_.filePath(QStringLiteral("altro.txt"));
     const QString assente = cartella_.filePath(QStringLiteral("assente"));
     const QByteArray altro(300, 'V'), vecchio = QByteArray(240, 'A') + QByteArray(60, 'Z');
+    const auto vecchioFile = [&] { ScriviFile(file_, vecchio); };
     const struct {
         const char* nome;
         std::function<void()> prepara;
-        bool discoPieno;
-        QByteArray dopo;  // KRT.CFG after the save
+        bool letto;
+        rlim_t limite;    // file size limit during the save, 0: none
+        QByteArray dopo;  // KRT.CFG after the save, empty: the save fails
     } casi[] = {
-        {"link to another file", [&] { QFile::link(vittima, file_); }, false, Record()},
-        {"link to nothing", [&] { QFile::link(assente, file_); }, false, Record()},
-        {"FIFO", [&] { ASSERT_EQ(mkfifo(QFile::encodeName(file_).constData(), 0600), 0); }, false, Record()},
-        {"disk full over an old file", [&] { ScriviFile(file_, vecchio); }, true, vecchio},
-        {"disk full at the first save", [] {}, true, {}},
+        {"missing", [] {}, false, 0, Record()},
+        {"missing, in Italian", [] { krt::ImpostaOffsetLingua(krt::kOffsetItaliano); }, false, 0, Record()},
+        {"empty", [&] { ScriviFile(file_, {}); }, false, 0, Record()},
+        {"a folder", [&] { QDir().mkpath(file_); }, false, 0, {}},
+        {"an old file, longer than the record", vecchioFile, true, 0, Record() + vecchio.mid(240)},
+        {"link to another file", [&] { QFile::link(vittima, file_); }, false, 0, Record()},
+        {"link to nothing", [&] { QFile::link(assente, file_); }, false, 0, Record()},
+        {"FIFO", [&] { ASSERT_EQ(mkfifo(QFile::encodeName(file_).constData(), 0600), 0); }, false, 0, Record()},
+        {"disk full over an old file", vecchioFile, true, 100, {}},
+        {"disk full at the first save", [] {}, false, 100, {}},
     };
     for (const auto& c : casi) {
         SCOPED_TRACE(c.nome);
         QFile::remove(file_);
+        QDir(file_).removeRecursively();
         ScriviFile(vittima, altro);
         c.prepara();
-        Configurazione letta;
-        EXPECT_EQ(krt::CaricaConfigurazione(letta), c.dopo == vecchio);
+        Configurazione letta = Modificata();
+        EXPECT_EQ(krt::CaricaConfigurazione(letta), c.letto);
+        krt::ImpostaOffsetLingua(krt::kOffsetInglese);
+        if (!c.letto) {
+            EXPECT_EQ(letta.NomeFontHRC.Rifilato() + " " + std::to_string(letta.Dimensione), "Courier 100");
+            EXPECT_EQ(letta.Stile.Rifilato(), std::strstr(c.nome, "Italian") ? "Normale" : "Normal");
+            EXPECT_EQ(letta.CheckDigitInHRC, krt::kVero);  // left as it was
+        }
         rlimit prima{};
         ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &prima), 0);
         rlimit stretto = prima;
-        if (c.discoPieno) stretto.rlim_cur = 100;
+        if (c.limite) stretto.rlim_cur = c.limite;
         const auto segnale = std::signal(SIGXFSZ, SIG_IGN);
         ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &stretto), 0);
         const bool salvato = krt::SalvaConfigurazione(Modificata());
         setrlimit(RLIMIT_FSIZE, &prima);
         std::signal(SIGXFSZ, segnale);
-        EXPECT_EQ(salvato, !c.discoPieno);
-        EXPECT_EQ(LeggiFile(file_), c.dopo);
+        EXPECT_EQ(salvato, !c.dopo.isEmpty());
+        EXPECT_EQ(LeggiFile(file_), salvato || !c.letto ? c.dopo : vecchio);
+        Configurazione riletta;
+        EXPECT_EQ(krt::CaricaConfigurazione(riletta) && riletta == Modificata(), salvato) << "read back";
         EXPECT_EQ(LeggiFile(vittima), altro);
         EXPECT_FALSE(QFileInfo::exists(assente));
         EXPECT_FALSE(QFileInfo(file_).isSymLink());
-        EXPECT_EQ(QDir(cartella_.path()).entryList(QDir::Files | QDir::System).size(), c.dopo.isEmpty() ? 1 : 2);
+        EXPECT_EQ(QDir(cartella_.path()).entryList(QDir::Files | QDir::System).size(), salvato || c.letto ? 2 : 1);
     }
 }
 #endif
@@ -155,7 +135,6 @@ TEST(CartellaDati, OpzioniCondivisePortateUnaVolta) {
         SCOPED_TRACE(c.nome);
         QDir(condivisa).removeRecursively();
         QDir(utente).removeRecursively();
-        QDir().mkpath(condivisa);
         QDir().mkpath(utente);
         ScriviFile(radice.filePath(QStringLiteral("buono")), opzioni);
         if (c.link)
@@ -183,7 +162,6 @@ TEST_F(FileConfigurazione, CartellaDatiInutilizzabileONuova) {
     krt::ImpostaCartellaDati(fileAlPosto);
     Configurazione c;
     EXPECT_FALSE(krt::CaricaConfigurazione(c));
-    EXPECT_EQ(c.Dimensione, 100);
     EXPECT_FALSE(krt::SalvaConfigurazione(c));
     EXPECT_FALSE(krt::SalvaConfigurazione(c));
     ASSERT_EQ(avvisi.size(), 1);

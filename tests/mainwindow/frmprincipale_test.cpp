@@ -239,25 +239,6 @@ TEST_F(Finestra, CasellaDimensione) {
     }
 }
 
-// The symbol's printed width beside the size, a warning past a page's text column, and
-// a preview zoomed out to show the whole symbol in the window's default size.
-TEST_F(Finestra, LarghezzaStampata) {
-    if (!FontProva("ORBEAN.ttf")) GTEST_SKIP() << "reference fonts not built";
-    finestra->show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(finestra.get()));
-    Voce("EAN 13");
-    Invio(QStringLiteral("5901234123457"));
-    auto* larghezza = Figlio<QLabel>("labLarghezza");
-    const auto millimetri = [larghezza] { return larghezza->text().section(QLatin1Char(' '), 0, 0).toDouble(); };
-    const double a100 = millimetri();
-    EXPECT_GT(a100, 160);
-    EXPECT_EQ(labAvvisi->text(), CaricaStringa(506).arg(160));
-    EXPECT_EQ(rtfContenuto->horizontalScrollBar()->maximum(), 0) << "the whole symbol is in view";
-    txtDimensione->setText(QStringLiteral("24"));
-    EXPECT_NEAR(millimetri(), a100 * 0.24, 0.1);
-    EXPECT_TRUE(labAvvisi->isHidden());
-}
-
 TEST_F(Finestra, OpzioniSopravvivonoAlRiavvio) {
     Voce("Code 128");
     Stile("Short");
@@ -383,6 +364,22 @@ TEST(Scansione, ImmagineVuotaNonLetta) {
     }
 }
 
+// The line under the preview: a text of its own for each outcome, every placeholder filled, the
+// data with its control characters named.
+TEST(Scansione, RigaSottoLAnteprima) {
+    AttesaScansione attesa;
+    attesa.testo = "A\035B";  // GS
+    const LetturaScansione lettura{.letto = true, .formato = "Code128", .testo = "\0351"};
+    QStringList righe;
+    for (const auto esito : {EsitoScansione::Letto, EsitoScansione::LettoDiverso, EsitoScansione::NonLetto,
+                             EsitoScansione::NonLetto93, EsitoScansione::NessunLettore, EsitoScansione::FontMancante})
+        righe << TestoScansione(esito, attesa, lettura);
+    EXPECT_EQ(righe.removeDuplicates(), 0) << righe.join(QLatin1Char('\n')).toStdString();
+    EXPECT_FALSE(righe.join(QString()).contains(QLatin1Char('%')));
+    EXPECT_TRUE(righe[0].contains(QLatin1String("Code128")) && righe[0].contains(QLatin1String("<GS>1")));
+    EXPECT_TRUE(righe[1].contains(QLatin1String("<GS>1")) && righe[1].contains(QLatin1String("A<GS>B")));
+}
+
 // The image for the reader holds the bar paragraphs only: text lines before or after add nothing.
 TEST(Scansione, ImmagineDelleSoleBarre) {
     QTextDocument soloBarre, conTesto;
@@ -423,13 +420,28 @@ TEST_F(Finestra, WizardRestituisceContenutoEHRC) {
     EXPECT_EQ(txtCodice->text(), "0109501234567890");
 }
 
-// File > Export (Ctrl+E) and File > Print (Ctrl+P) on the preview drawn, at the module width
-// and resolution of the row under the size; nothing out of date is exported or printed.
-TEST_F(Finestra, EsportaEStampa) {
-    if (!FontProva("ORB39.ttf")) GTEST_SKIP() << "reference fonts not built";
+// The symbol's printed width beside the size, a warning past a page's text column, and a preview
+// zoomed out to show the whole symbol in the window's default size. File > Export and File > Print
+// on the preview drawn, at the module width and resolution of the row under the size; nothing out
+// of date is exported or printed.
+TEST_F(Finestra, MisureEsportaEStampa) {
+    if (!FontProva("ORBEAN.ttf")) GTEST_SKIP() << "reference fonts not built";
+    finestra->show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(finestra.get()));
+    Voce("EAN 13");
+    Invio(QStringLiteral("5901234123457"));
+    auto* larghezza = Figlio<QLabel>("labLarghezza");
+    const auto millimetri = [larghezza] { return larghezza->text().section(QLatin1Char(' '), 0, 0).toDouble(); };
+    const double a100 = millimetri();
+    EXPECT_GT(a100, 160);
+    EXPECT_EQ(labAvvisi->text(), CaricaStringa(506).arg(160));
+    EXPECT_EQ(rtfContenuto->horizontalScrollBar()->maximum(), 0) << "the whole symbol is in view";
+    txtDimensione->setText(QStringLiteral("24"));
+    EXPECT_NEAR(millimetri(), a100 * 0.24, 0.1);
+    EXPECT_TRUE(labAvvisi->isHidden());
+
+    Invio(QStringLiteral("5901234123457"));  // drawn at the new size
     Figlio<QSpinBox>("spnCopie")->setValue(12);
-    Voce("Code 39");
-    Invio(QStringLiteral("KRT"));
     Figlio<QLineEdit>("txtModulo")->setText(QStringLiteral("0.25"));
     Figlio<QSpinBox>("spnDpi")->setValue(300);
     // 0.25 mm at 300 dpi is 2.95 dots: 3 dots, 0.254 mm.
@@ -444,9 +456,11 @@ TEST_F(Finestra, EsportaEStampa) {
         const char* contenuto;  // typed without Enter first, nullptr for none
         int messaggio;          // string id of the message shown, 0 for none
     } casi[] = {
-        {"mnuEsporta", "k.png", nullptr, 0},       {"mnuEsporta", "k.jpg", nullptr, 782},
-        {"mnuStampa", "stampa.pdf", nullptr, 0},   {"mnuEsporta", "vecchio.png", "KRT2", 781},
-        {"mnuStampa", "vecchio.pdf", "KRT2", 781},
+        {"mnuEsporta", "k.png", nullptr, 0},
+        {"mnuEsporta", "k.jpg", nullptr, 782},
+        {"mnuStampa", "stampa.pdf", nullptr, 0},
+        {"mnuEsporta", "vecchio.png", "4006381333931", 781},
+        {"mnuStampa", "vecchio.pdf", "4006381333931", 781},
     };
     for (const auto& c : casi) {
         SCOPED_TRACE(c.file);
@@ -475,7 +489,7 @@ TEST_F(Finestra, EsportaEStampa) {
     paginaStampa = QPageLayout(QPageSize(QSizeF(40, 12), QPageSize::Millimeter), QPageLayout::Portrait, {});
     fileStampa = cartella.filePath(QStringLiteral("etichette.pdf"));
     Figlio<QSpinBox>("spnCopie")->setValue(3);
-    Invio(QStringLiteral("KRT"));
+    Invio(QStringLiteral("5901234123457"));
     Azione("mnuStampa")->trigger();
     EXPECT_EQ(LeggiFile(fileStampa).count("/Type /Page\n"), 3);
 }
