@@ -6,23 +6,12 @@
 #include <QProcess>
 
 #include "mainwindow/scansione.h"
-#include "support/varie.h"
 #include "tests/support/ambiente_chiuso.h"
-
-int FontDiProvaCaricati() { return static_cast<int>(krt::FamiglieBarcodeInstallate().size()); }
 
 krt::LetturaScansione Leggi(const QImage& immagine, const krt::AttesaScansione& attesa) {
     const QImage grigia = immagine.convertToFormat(QImage::Format_Grayscale8);
-    const krt::LetturaScansione lettura = krt::LeggiImmagine(grigia.constBits(), grigia.width(), grigia.height(),
-                                                             static_cast<int>(grigia.bytesPerLine()), attesa);
-    static int salvate = 0;
-    if (!lettura.letto && !qEnvironmentVariableIsEmpty("KRT_SCANSIONE_IMMAGINI"))
-        grigia.save(QDir(qEnvironmentVariable("KRT_SCANSIONE_IMMAGINI"))
-                        .filePath(QStringLiteral("%1_%2.png")
-                                      .arg(QString::fromUtf8(testing::UnitTest::GetInstance()->current_test_info()->name())
-                                               .replace(QLatin1Char('/'), QLatin1Char('_')))
-                                      .arg(++salvate)));
-    return lettura;
+    return krt::LeggiImmagine(grigia.constBits(), grigia.width(), grigia.height(),
+                              static_cast<int>(grigia.bytesPerLine()), attesa);
 }
 
 QImage PaginaPdf(const QString& pdf, int dpi) {

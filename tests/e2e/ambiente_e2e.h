@@ -3,13 +3,13 @@
 #pragma once
 
 #include "cycle/attesa_scansione.h"
+#include "support/varie.h"
 #include "tests/mainwindow/pagina_finestra.h"
 
 // The barcode families installed for the run (0 when KRT_FONT_TEST gave none).
-int FontDiProvaCaricati();
+inline int FontDiProvaCaricati() { return static_cast<int>(krt::FamiglieBarcodeInstallate().size()); }
 
-// Reads an image as a scanner would (grey); one that does not read is saved into the folder of
-// KRT_SCANSIONE_IMMAGINI, when set, for a look.
+// Reads an image as a scanner would (grey).
 krt::LetturaScansione Leggi(const QImage& immagine, const krt::AttesaScansione& attesa);
 
 // The first page of a PDF rasterised grey by pdftoppm (null without it).

@@ -4,24 +4,18 @@
 // krt-encode --export end to end (its faults: a missing family, an unknown extension).
 #include <gtest/gtest.h>
 
-#include <cstdio>
-#include <string>
-
 #include <QDir>
 #include <QFile>
 #include <QImage>
 #include <QPainter>
 #include <QProcess>
-#include <QProcessEnvironment>
 #include <QStandardPaths>
 #include <QSvgRenderer>
 #include <QTemporaryDir>
 
 #include "ambiente_e2e.h"
-#include "cycle/attesa_scansione.h"
 #include "cycle/voce.h"
 #include "esportazione/esportazione.h"
-#include "mainwindow/scansione.h"
 #include "tests/support/ambiente_chiuso.h"
 
 namespace {
@@ -31,10 +25,10 @@ using namespace krt;
 // One entry per reader format; the expected reading comes from the scan check's rules.
 struct Riga {
     const char* nome;
-    int voce;              // display id
+    int voce;  // display id
     const char* contenuto;
     bool check;
-    double moduloMm;       // 0: from the size
+    double moduloMm;  // 0: from the size
     double punti;
     int dpi;
 } constexpr Righe[] = {
@@ -50,8 +44,6 @@ struct Riga {
     {"codabar", 411, "A40156B", false, 0.3, 0, 600},
 };
 
-const char* const Estensioni[] = {"png", "svg", "pdf"};
-
 // The file drawn again at its resolution, as a scanner would see the print.
 QImage Rasterizza(const QString& percorso, int dpi, const QSizeF& punti) {
     if (percorso.endsWith(QLatin1String(".pdf"))) return PaginaPdf(percorso, dpi);
@@ -63,11 +55,9 @@ QImage Rasterizza(const QString& percorso, int dpi, const QSizeF& punti) {
     return immagine;
 }
 
-bool HaProgramma(const char* nome) { return !QStandardPaths::findExecutable(QLatin1String(nome)).isEmpty(); }
-
 TEST(Esportazione, FileLettiDiNuovoConIDatiAttesi) {
     ASSERT_GT(FontDiProvaCaricati(), 0) << "KRT_FONT_TEST: no fonts";
-    const bool pdftoppm = HaProgramma("pdftoppm");
+    const bool pdftoppm = !QStandardPaths::findExecutable(QStringLiteral("pdftoppm")).isEmpty();
     QTemporaryDir cartella;
     for (const Riga& r : Righe) {
         const VoceCatalogo& voce = *VocePerId(r.voce);
@@ -81,12 +71,10 @@ TEST(Esportazione, FileLettiDiNuovoConIDatiAttesi) {
         const Dimensionamento& d = disegno.dimensionamento;
         const double dotsLarghezza = disegno.dimensione.width() * r.dpi / 72.0;
         EXPECT_NEAR(dotsLarghezza / d.puntiPerModulo, std::round(dotsLarghezza / d.puntiPerModulo), 1e-6) << r.nome;
-        if (r.moduloMm > 0) {
-            EXPECT_NEAR(d.moduloMm, r.moduloMm, 25.4 / r.dpi / 2) << r.nome;
-        }
+        EXPECT_NEAR(d.moduloMm, r.moduloMm > 0 ? r.moduloMm : d.moduloMm, 25.4 / r.dpi / 2) << r.nome;
 
         const AttesaScansione attesa = AttesaPerVoce(voce, g);
-        for (const char* estensione : Estensioni) {
+        for (const char* estensione : {"png", "svg", "pdf"}) {
             SCOPED_TRACE(testing::Message() << r.nome << "." << estensione);
             if (std::string(estensione) == "pdf" && !pdftoppm) continue;
             const QString percorso = cartella.filePath(QStringLiteral("%1.%2").arg(r.nome, estensione));
@@ -102,11 +90,12 @@ TEST(Esportazione, FileLettiDiNuovoConIDatiAttesi) {
 
 // The PDF's text is outlines: pdffonts lists no font, the HRC line included.
 TEST(Esportazione, PdfSenzaFont) {
-    if (!HaProgramma("pdffonts")) GTEST_SKIP() << "pdffonts (poppler-utils) missing";
+    if (QStandardPaths::findExecutable(QStringLiteral("pdffonts")).isEmpty())
+        GTEST_SKIP() << "pdffonts (poppler-utils) missing";
     const VoceCatalogo& voce = *VocePerId(400);
     const GenerazioneVoce g = GeneraVoce(voce, "KRT", {true, true, false, "Normal", {}});
-    SimboloDaDisegnare simbolo{g.glifi, QString::fromStdString(g.famiglia), "C39", false,
-                               QString::fromStdString(g.hrc), QFont(QStringLiteral("DejaVu Sans"), 10)};
+    SimboloDaDisegnare simbolo{g.glifi, QString::fromStdString(g.famiglia), "C39",
+                               false,   QString::fromStdString(g.hrc),      QFont(QStringLiteral("DejaVu Sans"), 10)};
     QTemporaryDir cartella;
     const QString percorso = cartella.filePath(QStringLiteral("c39.pdf"));
     QString errore;
@@ -130,7 +119,10 @@ TEST(Esportazione, KrtEncode) {
         int stato;
         const char* messaggio;  // in standard error
     } casi[] = {
-        {"png_with_font_dir", {"--export", file + "png", "--font-dir", font, "--dpi", "300", "EAN 13", "590123412345"}, 0, ""},
+        {"png_with_font_dir",
+         {"--export", file + "png", "--font-dir", font, "--dpi", "300", "EAN 13", "590123412345"},
+         0,
+         ""},
         {"pdf_by_code_with_size", {"--export", file + "PDF", "--font-dir", font, "--size", "20", "C128", "KRT"}, 0, ""},
         {"missing_family", {"--export", file + "svg", "C39", "KRT"}, 3, "\"ORB39\" is not installed"},
         {"unknown_extension", {"--export", file + "jpg", "--font-dir", font, "C39", "KRT"}, 2, "--export takes a file"},
@@ -140,7 +132,8 @@ TEST(Esportazione, KrtEncode) {
         {"sizing_without_export", {"--module-width", "0.3", "C39", "KRT"}, 2, "go with --export"},
     };
     QProcessEnvironment ambiente = QProcessEnvironment::systemEnvironment();
-    ambiente.insert(QStringLiteral("FONTCONFIG_FILE"), ScriviConfFont(cartella.filePath(QStringLiteral("fonts.conf")), {}));
+    ambiente.insert(QStringLiteral("FONTCONFIG_FILE"),
+                    ScriviConfFont(cartella.filePath(QStringLiteral("fonts.conf")), {}));
     for (const auto& c : casi) {
         SCOPED_TRACE(c.nome);
         QProcess programma;

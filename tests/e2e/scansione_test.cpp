@@ -39,7 +39,10 @@ constexpr Riga Righe[] = {
     {"Code 39", "ABC_12", true, FormatoLettore::Code39, "ABC 12V", "Short"},
     {"Code 93 Full Ascii", "Krt93", true, FormatoLettore::Code93, "Krt93", nullptr},
     {"Code 128", "AB1234567", false, FormatoLettore::Code128, "AB1234567", nullptr},
-    {"EAN 128", "10ABC123\\x8117250101", false, FormatoLettore::Code128, "10ABC123\x1D" "17250101", "Normal"},
+    {"EAN 128", "10ABC123\\x8117250101", false, FormatoLettore::Code128,
+     "10ABC123\x1D"
+     "17250101",
+     "Normal"},
     {"EAN 8 Add-on 2", "123456712", true, FormatoLettore::EAN8, "12345670 12", nullptr},
     {"EAN 13 Add-on 5", "59012341234552495", true, FormatoLettore::EAN13, "5901234123457 52495", "Normal"},
     {"UPC-A", "03600029145", true, FormatoLettore::UPCA, "036000291452", nullptr},
@@ -77,15 +80,10 @@ TEST(ScansioneRiga, NonLeggibiliEUltimaRichiesta) {
     EXPECT_FALSE(LeggiImmagine(&pixel, 1, 0, 1, code39).letto);
     FinestraE2E w;
     const struct {
-        const char* voce;
-        const char* contenuto;
+        const char *voce, *contenuto;
         bool check;
         int idTesto;
-    } casi[] = {
-        {"MSI", "123456", true, 975},
-        {"Code 32", "12345678", true, 975},
-        {"Code 93", "CODE93", false, 977},
-    };
+    } casi[] = {{"MSI", "123456", true, 975}, {"Code 32", "12345678", true, 975}, {"Code 93", "CODE93", false, 977}};
     for (const auto& c : casi) {
         SCOPED_TRACE(c.voce);
         w.Genera(c.voce, "Normal", c.check, c.contenuto);
@@ -145,17 +143,19 @@ TEST(ScansioneLibreOffice, IlTestoRtfDegliAppuntiSiLeggeDopoLaConversione) {
                     ScriviConfFont(w.cartella.filePath(QStringLiteral("lo-fonts.conf")), fontDiProva, true));
     lo.setProcessEnvironment(ambiente);
     lo.setProcessChannelMode(QProcess::MergedChannels);
-    lo.start(libreoffice, QStringList{QStringLiteral("-env:UserInstallation=") +
-                                          QUrl::fromLocalFile(w.cartella.filePath(QStringLiteral("profilo"))).toString(),
-                                      QStringLiteral("--headless"), QStringLiteral("--convert-to"), QStringLiteral("pdf"),
-                                      QStringLiteral("--outdir"), w.cartella.path()} +
-                              documenti);
+    lo.start(libreoffice,
+             QStringList{QStringLiteral("-env:UserInstallation=") +
+                             QUrl::fromLocalFile(w.cartella.filePath(QStringLiteral("profilo"))).toString(),
+                         QStringLiteral("--headless"), QStringLiteral("--convert-to"), QStringLiteral("pdf"),
+                         QStringLiteral("--outdir"), w.cartella.path()} +
+                 documenti);
     ASSERT_TRUE(lo.waitForFinished(300000)) << "libreoffice did not finish";
     const QByteArray uscitaLo = lo.readAll();
     for (std::size_t i = 0; i < righe.size(); ++i) {
         const Riga& r = *righe[i];
         SCOPED_TRACE(testing::Message() << r.voce << " | " << r.libreoffice << " | " << r.contenuto);
-        const QString pdf = QString(documenti[static_cast<qsizetype>(i)]).replace(QLatin1String(".rtf"), QLatin1String(".pdf"));
+        const QString pdf =
+            QString(documenti[static_cast<qsizetype>(i)]).replace(QLatin1String(".rtf"), QLatin1String(".pdf"));
         ASSERT_TRUE(QFile::exists(pdf)) << uscitaLo.toStdString();
         AttesaScansione attesa;
         attesa.formato = r.formato;

@@ -14,13 +14,13 @@
 inline QString ScriviConfFont(const QString& percorso, const QString& cartellaFont, bool sistema = false) {
     QFile conf(percorso);
     if (conf.open(QIODevice::WriteOnly))
-        conf.write(QStringLiteral("<?xml version=\"1.0\"?>\n<fontconfig>%1%2<cachedir>%3-cache</cachedir><match target="
-                                  "\"font\"><edit name=\"hintstyle\"><const>hintslight</const></edit></match></fontconfig>\n")
-                       .arg(sistema ? QStringLiteral("<include ignore_missing=\"yes\">/etc/fonts/fonts.conf</include>")
-                                    : QString(),
-                            cartellaFont.isEmpty() ? QString() : QStringLiteral("<dir>%1</dir>").arg(cartellaFont),
-                            percorso)
-                       .toUtf8());
+        conf.write(
+            QStringLiteral("<?xml version=\"1.0\"?>\n<fontconfig>%1%2<cachedir>%3-cache</cachedir><match target="
+                           "\"font\"><edit name=\"hintstyle\"><const>hintslight</const></edit></match></fontconfig>\n")
+                .arg(sistema ? QStringLiteral("<include ignore_missing=\"yes\">/etc/fonts/fonts.conf</include>")
+                             : QString(),
+                     cartellaFont.isEmpty() ? QString() : QStringLiteral("<dir>%1</dir>").arg(cartellaFont), percorso)
+                .toUtf8());
     return percorso;
 }
 

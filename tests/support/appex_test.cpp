@@ -4,6 +4,7 @@
 
 #include <optional>
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QSysInfo>
@@ -16,7 +17,8 @@ using krt::AppEx;
 using krt::ErroreAppEx;
 using krt::VersioneSO;
 
-VersioneSO VersioneWindows(std::uint32_t maggiore, std::uint32_t minore, std::uint32_t piattaforma = krt::kPiattaformaWindowsNT) {
+VersioneSO VersioneWindows(std::uint32_t maggiore, std::uint32_t minore,
+                           std::uint32_t piattaforma = krt::kPiattaformaWindowsNT) {
     return {.maggiore = maggiore, .minore = minore, .build = 2600, .piattaforma = piattaforma,
             .servicePack = QStringLiteral("Service Pack 3") + QChar(0) + QStringLiteral("garbage"),
             .servicePackMaggiore = 3, .tipoProdotto = 1};
@@ -38,10 +40,9 @@ TEST(AppExOSVersion, OgniInfoEErroreDellaInterrogazione) {
     const struct {
         int id;
         QVariant atteso;
-    } casi[] = {
-        {0, QVariant::fromValue(2600u)}, {1, false}, {3, QVariant::fromValue(2u)}, {4, QVariant::fromValue(1u)},
-        {5, QStringLiteral("Service Pack 3")}, {6, 3.0f}, {7, 5.1f}, {8, true}, {9, QVariant()}, {-1, QVariant()},
-    };
+    } casi[] = {{0, QVariant::fromValue(2600u)}, {1, false}, {3, QVariant::fromValue(2u)},
+                {4, QVariant::fromValue(1u)}, {5, QStringLiteral("Service Pack 3")}, {6, 3.0f},
+                {7, 5.1f}, {8, true}, {9, QVariant()}, {-1, QVariant()}};
     for (const auto& c : casi) EXPECT_EQ(app.OSVersion(c.id), c.atteso) << "info " << c.id;
     const AppEx bitAlti(VersioneWindows(5, 1, (1u << 9) | (1u << 15)));
     EXPECT_TRUE(bitAlti.OSVersion(1).toBool() && bitAlti.OSVersion(2).toBool());
@@ -60,18 +61,17 @@ TEST(AppExHost, FattiDelSistema) {
     EXPECT_FALSE(app.IDEMode());
 #if defined(Q_OS_LINUX)
     const QVersionNumber kernel = QVersionNumber::fromString(QSysInfo::kernelVersion());
-    EXPECT_EQ(app.OSVersion(7), QStringLiteral("%1.%2").arg(kernel.majorVersion()).arg(kernel.minorVersion()).toFloat());
+    EXPECT_EQ(app.OSVersion(7),
+              QStringLiteral("%1.%2").arg(kernel.majorVersion()).arg(kernel.minorVersion()).toFloat());
     EXPECT_EQ(app.OSVersion(0), QVariant::fromValue(static_cast<std::uint32_t>(kernel.microVersion())));
 #endif
     EXPECT_GT(app.OSVersion(7).toFloat(), 0.0f);
     EXPECT_FALSE(app.ComputerName().isEmpty());
     EXPECT_FALSE(app.UserName().isEmpty());
-    QTemporaryDir cartella;
-    QFile file(cartella.filePath(QStringLiteral("x.txt")));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    for (const QString& presente : {cartella.path(), file.fileName()}) EXPECT_TRUE(app.FSPresent(presente));
-    EXPECT_FALSE(app.FSPresent(cartella.filePath(QStringLiteral("manca"))));
-    EXPECT_FALSE(app.FSPresent(QString()));
+    const QString programma = QCoreApplication::applicationFilePath();
+    for (const QString& presente : {programma, QFileInfo(programma).path()}) EXPECT_TRUE(app.FSPresent(presente));
+    for (const QString& assente : {programma + QStringLiteral("-manca"), QString()})
+        EXPECT_FALSE(app.FSPresent(assente));
 }
 
 #if defined(Q_OS_UNIX) && !defined(Q_OS_MACOS)
@@ -109,8 +109,8 @@ TEST(AppExCartelle, EsitiMappatiSugliErrori) {
         if (c.errore == 0x8004B126u) QFile(dati + QStringLiteral("/ORB/krt/file.txt")).open(QIODevice::WriteOnly);
         QString percorso;
         const auto e = Errore([&] {
-            percorso = c.subDir ? app.PathAndSubDir(c.id, QString::fromUtf8(c.subDir), c.crea, 0)
-                                : app.Path(c.id, c.crea, 0);
+            percorso =
+                c.subDir ? app.PathAndSubDir(c.id, QString::fromUtf8(c.subDir), c.crea, 0) : app.Path(c.id, c.crea, 0);
         });
         EXPECT_EQ(e ? e->Numero() : 0u, c.errore) << "answered " << percorso.toStdString();
         EXPECT_EQ(e ? e->Descrizione() : QString(), QString::fromUtf8(c.descrizione));
@@ -129,12 +129,14 @@ TEST(AppExCartelle, EsitiMappatiSugliErrori) {
 TEST(AppExPathAndSubDir, RichiedeWindowsXP) {
     const struct {
         std::uint32_t piattaforma, maggiore, minore, errore;
-    } casi[] = {{krt::kPiattaformaWindowsNT, 5, 0, 0x8004B120}, {krt::kPiattaformaWindowsNT, 5, 1, 0x8004B124},
+    } casi[] = {{krt::kPiattaformaWindowsNT, 5, 0, 0x8004B120},
+                {krt::kPiattaformaWindowsNT, 5, 1, 0x8004B124},
                 {krt::kPiattaformaWindowsNT, 10, 0, 0x8004B124},
                 {krt::kPiattaformaAltroSO, 4, 19, 0x8004B124}};  // a Linux kernel: not a Windows question
     for (const auto& c : casi) {
         const auto e = Errore([&] {
-            AppEx(VersioneWindows(c.maggiore, c.minore, c.piattaforma)).PathAndSubDir(0x7F, QStringLiteral("ORB"), false, 0);
+            AppEx(VersioneWindows(c.maggiore, c.minore, c.piattaforma))
+                .PathAndSubDir(0x7F, QStringLiteral("ORB"), false, 0);
         });
         EXPECT_EQ(e ? e->Numero() : 0u, c.errore) << c.maggiore << "." << c.minore;
     }

@@ -29,7 +29,8 @@ TEST(CancellaFile, IgnoraOgniErrore) {
     ASSERT_TRUE(QFile(percorso).open(QIODevice::WriteOnly));
     krt::CancellaFile(percorso);
     EXPECT_FALSE(QFile::exists(percorso));
-    for (const QString& altro : {percorso, cartella.path(), QString()}) krt::CancellaFile(altro);  // missing, a folder, none
+    for (const QString& altro : {percorso, cartella.path(), QString()})
+        krt::CancellaFile(altro);  // missing, a folder, none
     EXPECT_TRUE(QFileInfo(cartella.path()).isDir());
 }
 
