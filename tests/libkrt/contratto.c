@@ -277,6 +277,17 @@ static void results(void) {
     VERIFICA(stato == KRT_REFUSED && motivo.kind == KRT_REASON_CHARACTER && motivo.position == 4 &&
                  motivo.character == 'O' && glifi[0] == '\0',
              "ISBN letter O: %d kind %d at %zu", stato, motivo.kind, motivo.position);
+    stato = krt_isbn_convert("0-306-4061", KRT_NUL_TERMINATED, KRT_ISBN13, glifi, sizeof glifi, &n, &motivo);
+    VERIFICA(stato == KRT_REFUSED && motivo.kind != KRT_REASON_CHARACTER && motivo.position == 0,
+             "ISBN too short: %d kind %d at %zu", stato, motivo.kind, motivo.position);
+    /* Without KRT_UTF8 an Italian reason comes in Windows-1252 (0xF2, the o with grave of "puo"). */
+    krt_explain("EAN13", "97888203000A", KRT_NUL_TERMINATED, KRT_ITALIAN, &motivo);
+    VERIFICA(strchr(motivo.text, '\xF2') != NULL, "Italian reason in Windows-1252: \"%s\"", motivo.text);
+    /* Without KRT_HRC, Code 32 has no text line of its own. */
+    stato = krt_entry_encode("Code 32", "12345678", KRT_NUL_TERMINATED, KRT_CHECK, NULL, &r);
+    VERIFICA(stato == KRT_OK && strcmp(krt_result_text(r, KRT_FIELD_CODE, NULL), "C32") == 0, "Code 32 code \"%s\"",
+             krt_result_text(r, KRT_FIELD_CODE, NULL));
+    krt_result_free(r);
     static const struct { const char *cifre, *atteso; int stato; } completi[] = {
         {"030640615", "030640615-2", KRT_OK}, {"978030640615", "9780306406157", KRT_OK},
         {"97803064061", "", KRT_REFUSED}, {"03064061X", "", KRT_REFUSED}};

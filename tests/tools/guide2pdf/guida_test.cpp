@@ -5,6 +5,7 @@
 #include <QGuiApplication>
 #include <QImage>
 #include <QPdfWriter>
+#include <QProcess>
 #include <QTemporaryDir>
 #include <QTextBlock>
 #include <QTextDocument>
@@ -114,6 +115,15 @@ TEST(Guida2Pdf, PdfWrittenWholeOrNotAtAll) {
     EXPECT_TRUE(dati.startsWith("%PDF-") && dati.trimmed().endsWith("%%EOF"));
     EXPECT_EQ(dati.count("/Type /Page\n") + dati.count("/Type /Page\r") + dati.count("/Type /Page "), 2);
     EXPECT_FALSE(QFile::exists(pdf + QStringLiteral(".part")));
+    // Each page with its own text and footer (pdftotext, of poppler-utils, when present).
+    for (const int pagina : {1, 2}) {
+        QProcess pdftotext;
+        pdftotext.start(QStringLiteral("pdftotext"), {QStringLiteral("-f"), QString::number(pagina), QStringLiteral("-l"),
+                                                      QString::number(pagina), pdf, QStringLiteral("-")});
+        if (!pdftotext.waitForFinished() || pdftotext.exitCode() != 0) GTEST_SKIP() << "pdftotext missing";
+        const QString testo = QString::fromUtf8(pdftotext.readAllStandardOutput()).simplified().remove(u' ');
+        EXPECT_EQ(testo, pagina == 1 ? "GuidetitleGuidetitle1/2" : "AtextGuidetitle2/2");
+    }
 }
 
 }  // namespace
