@@ -67,6 +67,9 @@ TEST(Esportazione, FileLettiDiNuovoConIDatiAttesi) {
             {g.glifi, QString::fromStdString(g.famiglia), std::string(voce.codice), voce.addOn != 0, {}, {}},
             {r.dpi, r.moduloMm, r.punti});
         ASSERT_TRUE(disegno) << r.nome << ": error " << static_cast<int>(disegno.errore);
+        const MisuraGlifi misura = MisuraGlifiFamiglia(g.glifi, QString::fromStdString(g.famiglia));
+        EXPECT_EQ(misura.moduliPerEm, disegno.misura.moduliPerEm);
+        EXPECT_EQ(misura.moduliSimbolo, disegno.misura.moduliSimbolo);
         // Whole dots per module, and the whole drawing a whole number of modules across.
         const Dimensionamento& d = disegno.dimensionamento;
         const double dotsLarghezza = disegno.dimensione.width() * r.dpi / 72.0;
@@ -82,29 +85,49 @@ TEST(Esportazione, FileLettiDiNuovoConIDatiAttesi) {
             ASSERT_TRUE(ScriviDisegno(percorso, disegno, r.dpi, errore)) << errore.toStdString();
             const QImage immagine = Rasterizza(percorso, r.dpi, disegno.dimensione);
             ASSERT_FALSE(immagine.isNull());
+            if (percorso.endsWith(QLatin1String("png"))) {  // the printer's resolution, both ways
+                EXPECT_NEAR((immagine.dotsPerMeterX() + 2 * immagine.dotsPerMeterY()) * 0.0254 / 3, r.dpi, 0.5);
+            } else if (percorso.endsWith(QLatin1String("svg"))) {
+                EXPECT_EQ(QSvgRenderer(percorso).viewBoxF().topLeft(), QPointF(0, 0));
+            }
             EXPECT_EQ(Leggi(immagine, attesa).testo, attesa.testo) << immagine.width() << "x" << immagine.height();
         }
     }
     if (!pdftoppm) GTEST_SKIP() << "pdftoppm (poppler-utils) missing: PDF files not read back";
 }
 
-// The PDF's text is outlines: pdffonts lists no font, the HRC line included.
-TEST(Esportazione, PdfSenzaFont) {
-    if (QStandardPaths::findExecutable(QStringLiteral("pdffonts")).isEmpty())
-        GTEST_SKIP() << "pdffonts (poppler-utils) missing";
-    const VoceCatalogo& voce = *VocePerId(400);
-    const GenerazioneVoce g = GeneraVoce(voce, "KRT", {true, true, false, "Normal", {}});
-    SimboloDaDisegnare simbolo{g.glifi, QString::fromStdString(g.famiglia), "C39",
-                               false,   QString::fromStdString(g.hrc),      QFont(QStringLiteral("DejaVu Sans"), 10)};
+// The HRC line, narrower and wider than the bars: outlines (the PDF lists no font) inside the
+// drawing, centred, a point or more below the bars; a wider line widens the drawing and
+// centres the bars under it, to a module.
+TEST(Esportazione, RigaHRC) {
+    const GenerazioneVoce g = GeneraVoce(*VocePerId(400), "KRT", {true, true, false, "Normal", {}});
+    EXPECT_EQ(MisuraGlifiFamiglia(g.glifi, QStringLiteral("ORB nessuno")).moduliPerEm, 0);
     QTemporaryDir cartella;
-    const QString percorso = cartella.filePath(QStringLiteral("c39.pdf"));
-    QString errore;
-    ASSERT_TRUE(ScriviDisegno(percorso, PreparaDisegno(simbolo, {600, 0.3, 0}), 600, errore)) << errore.toStdString();
-    QProcess pdffonts;
-    pdffonts.start(QStringLiteral("pdffonts"), {percorso});
-    ASSERT_TRUE(pdffonts.waitForFinished());
-    const QStringList righe = QString::fromUtf8(pdffonts.readAllStandardOutput()).split(u'\n', Qt::SkipEmptyParts);
-    EXPECT_EQ(righe.size(), 2) << righe.join(u'\n').toStdString();  // the two heading lines only
+    for (const QString& hrc : {QString::fromStdString(g.hrc), QStringLiteral("A human readable line far wider than")}) {
+        SCOPED_TRACE(hrc.toStdString());
+        const Disegno d = PreparaDisegno({g.glifi, QString::fromStdString(g.famiglia), "C39", false, hrc,
+                                          QFont(QStringLiteral("DejaVu Sans"), 10)},
+                                         {600, 0.3, 0});
+        ASSERT_TRUE(d);
+        const QRectF barre = d.barre.boundingRect(), testo = d.testo.boundingRect();
+        const double modulo = d.dimensionamento.moduloMm / 25.4 * 72;
+        EXPECT_TRUE(QRectF(QPointF(0, 0), d.dimensione).contains(barre | testo));
+        EXPECT_GT(testo.top(), barre.bottom() + 1);
+        EXPECT_NEAR(testo.center().x(), d.dimensione.width() / 2, modulo);
+        EXPECT_LT(d.dimensione.width(), 2 * std::max(barre.width(), testo.width()));
+        if (testo.width() > barre.width()) {
+            EXPECT_NEAR(barre.center().x(), d.dimensione.width() / 2, modulo);
+        }
+        if (QStandardPaths::findExecutable(QStringLiteral("pdffonts")).isEmpty()) continue;
+        const QString percorso = cartella.filePath(QStringLiteral("c39.pdf"));
+        QString errore;
+        ASSERT_TRUE(ScriviDisegno(percorso, d, 600, errore)) << errore.toStdString();
+        QProcess pdffonts;
+        pdffonts.start(QStringLiteral("pdffonts"), {percorso});
+        ASSERT_TRUE(pdffonts.waitForFinished());
+        const QStringList righe = QString::fromUtf8(pdffonts.readAllStandardOutput()).split(u'\n', Qt::SkipEmptyParts);
+        EXPECT_EQ(righe.size(), 2) << righe.join(u'\n').toStdString();  // the two heading lines only
+    }
 }
 
 // krt-encode --export end to end, with a font system that knows no barcode family (--font-dir
