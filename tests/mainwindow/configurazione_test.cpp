@@ -195,24 +195,4 @@ TEST(CartellaDati, DatiComuniPoiORBPoiNomeDelProgramma) {
 }
 #endif
 
-TEST(CartellaDati, PercorsiEFile) {
-    const QString s = QDir::separator();
-    const struct {
-        QString cartella, nome, atteso;
-    } casi[] = {
-        {QStringLiteral("dati"), QStringLiteral("KRT.CFG"), QStringLiteral("dati") + s + QStringLiteral("KRT.CFG")},
-        {QStringLiteral("dati/"), QStringLiteral("x"), QStringLiteral("dati/x")},
-        {QStringLiteral("  dati"), QStringLiteral("x  "), QStringLiteral("  dati") + s + QStringLiteral("x  ")},
-        {QString(), QStringLiteral("x"), s + QStringLiteral("x")},
-    };
-    for (const auto& c : casi)
-        EXPECT_EQ(krt::UnisciPercorsoNome(c.cartella, c.nome), c.atteso) << c.atteso.toStdString();
-    // Only an existing file is a file.
-    QTemporaryDir cartella;
-    ScriviFile(cartella.filePath(QStringLiteral("ITALIANO.LNG")), {});
-    EXPECT_TRUE(krt::IsFile(cartella.filePath(QStringLiteral("ITALIANO.LNG"))));
-    for (const QString& altro : {cartella.path(), cartella.filePath(QStringLiteral("manca")), QString()})
-        EXPECT_FALSE(krt::IsFile(altro)) << altro.toStdString();
-}
-
 }  // namespace

@@ -5,7 +5,6 @@
 #include <QFontDatabase>
 #include <QMimeData>
 #include <QScrollBar>
-#include <QSettings>
 #include <QSpinBox>
 #include <QTextCursor>
 
@@ -473,14 +472,6 @@ TEST_F(Finestra, MisureEsportaEStampa) {
         EXPECT_TRUE(!c.messaggio ||
                     messaggi[0].testo.startsWith(CaricaStringa(c.messaggio).section(QLatin1Char('%'), 0, 0)));
     }
-    // The row's values survive a restart through the host's settings store.
-    QSettings impostazioni(cartella.filePath(QStringLiteral("krt.conf")), QSettings::IniFormat);
-    finestra->findChild<PannelloStampa*>()->Salva(impostazioni);
-    PannelloStampa altro(nullptr);
-    altro.Ripristina(impostazioni);
-    EXPECT_EQ(altro.Copie(), 12);
-    EXPECT_EQ(altro.Misura(10).dpi, 300);
-    EXPECT_DOUBLE_EQ(altro.Misura(10).moduloMm, 0.25);
     // The PNG is whole dots of 3 per module across, at the resolution asked.
     const QImage png(cartella.filePath(QStringLiteral("k.png")));
     EXPECT_EQ(png.width() % 3, 0);

@@ -4,8 +4,6 @@
 
 #include <QAction>
 #include <QMainWindow>
-#include <QSettings>
-#include <QTemporaryDir>
 
 namespace {
 
@@ -29,24 +27,6 @@ TEST(Ospite, ScorciatoieStandardSoloDoveMancano) {
         krt::ApplicaScorciatoie(finestra);
         EXPECT_EQ(azione->shortcut(), c.attesa) << azione->shortcut().toString().toStdString();
     }
-}
-
-// Nothing stored, or not a geometry: the window keeps its size.
-TEST(Ospite, GeometriaRicordataNelleImpostazioniDelSistema) {
-    QTemporaryDir cartella;
-    QSettings impostazioni(cartella.filePath(QStringLiteral("krt.conf")), QSettings::IniFormat);
-    QMainWindow finestra;
-    finestra.resize(333, 222);
-    for (const char* prima : {"nothing", "not a geometry"}) {
-        EXPECT_FALSE(krt::RipristinaGeometria(finestra, impostazioni)) << prima;
-        EXPECT_EQ(finestra.size(), QSize(333, 222)) << prima;
-        impostazioni.setValue(QStringLiteral("finestra/geometria"), QByteArray(prima));
-    }
-    finestra.setGeometry(40, 50, 420, 310);
-    krt::SalvaGeometria(finestra, impostazioni);
-    QMainWindow dopo;
-    ASSERT_TRUE(krt::RipristinaGeometria(dopo, impostazioni));
-    EXPECT_EQ(dopo.size(), QSize(420, 310));
 }
 
 TEST(Ospite, IconaDelProgrammaAncheSenzaTema) {

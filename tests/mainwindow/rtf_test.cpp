@@ -2,8 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <QFontDatabase>
-#include <QTextCursor>
-#include <QTextDocument>
+#include <QStringList>
 
 #include <cctype>
 #include <set>
@@ -65,34 +64,6 @@ TEST(Rtf, Regole) {
         EXPECT_EQ(rtf.back(), '}') << c.nome;
         for (unsigned char ch : rtf) EXPECT_TRUE(ch < 128) << c.nome << ": the document is 7-bit";
     }
-}
-
-// The preview's document read back as runs: formats, paragraph ends, bytes; the Latin-1
-// reading (symbol-map fonts) gives the same bytes and marks the family.
-TEST(Rtf, SegmentiDellAnteprima) {
-    QTextDocument documento, simbolo;
-    QTextCursor cursore(&documento);
-    QTextCharFormat barre, hrc;
-    barre.setFontFamilies({QStringLiteral("ORB128")});
-    barre.setFontPointSize(72);
-    cursore.insertText(QString::fromUtf8("\xC3\x8C" "A\xE2\x80\xB9"), barre);  // U+00CC A U+2039
-    hrc.setFontFamilies({QStringLiteral("Courier")});
-    hrc.setFontWeight(QFont::Bold);
-    hrc.setFontStrikeOut(true);
-    cursore.insertBlock(QTextBlockFormat(), hrc);
-    cursore.insertText(QStringLiteral("(01)123"), hrc);
-    QTextCursor(&simbolo).insertText(QString(QChar(0x8B)) + QChar(0xF041) + QStringLiteral("B"), barre);
-
-    const auto segmenti = SegmentiDocumento(documento), s2 = SegmentiDocumento(simbolo);
-    ASSERT_EQ(segmenti.size(), 2u);
-    ASSERT_EQ(s2.size(), 1u);
-    EXPECT_EQ(segmenti[0].famiglia + "|" + segmenti[0].testo + "|" + segmenti[1].famiglia + "|" + segmenti[1].testo,
-              "ORB128|\xCC" "A\x8B\r\n|Courier|(01)123");
-    EXPECT_EQ(segmenti[0].punti, 72);
-    EXPECT_FALSE(segmenti[0].simbolo);
-    EXPECT_TRUE(segmenti[1].grassetto && segmenti[1].barrato && !segmenti[1].corsivo);
-    EXPECT_EQ(s2[0].testo, "\x8B" "AB");
-    EXPECT_TRUE(s2[0].simbolo);
 }
 
 // Whatever the family names and the text hold, a reader of the document finds only the
