@@ -9,9 +9,7 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
-#include <QDir>
 #include <QFontDatabase>
-#include <QFile>
 #include <QMimeData>
 #include <QTableView>
 #include <QTemporaryDir>
@@ -20,15 +18,12 @@
 #include "mainwindow/anteprima.h"
 #include "mainwindow/frmelenco.h"
 #include "support/stringhe.h"
+#include "tests/mainwindow/file_prova.h"
 
 namespace {
 
 using namespace krt;
-
-QByteArray LeggiFile(const QString& percorso) {
-    QFile f(percorso);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
+using prova::LeggiFile;
 
 class Elenco : public ::testing::Test {
 protected:
@@ -42,9 +37,7 @@ protected:
         finestra = std::make_unique<frmElenco>(impostazioni, servizi);
     }
     QString File(const char* nome, const std::string& dati) {
-        QFile f(cartella.filePath(QLatin1String(nome)));
-        EXPECT_TRUE(f.open(QIODevice::WriteOnly) && f.write(dati.data(), std::ssize(dati)) == std::ssize(dati));
-        return f.fileName();
+        return prova::ScriviFile(cartella.filePath(QLatin1String(nome)), QByteArray::fromStdString(dati));
     }
 
     QTemporaryDir cartella;
@@ -135,7 +128,7 @@ TEST_F(Elenco, ColonnaFiltroSalvaCopia) {
     EXPECT_EQ(finestra->Modello().Rifiutate(), 0u);
 }
 
-TEST_F(Elenco, IncollaEGrandiFile) {
+TEST_F(Elenco, Incolla) {
     QGuiApplication::clipboard()->setText(QStringLiteral("4006381333931\tx\n12X\n"));
     ASSERT_TRUE(finestra->Incolla());
     EXPECT_EQ(finestra->Modello().rowCount(), 2);

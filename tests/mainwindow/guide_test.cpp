@@ -2,23 +2,14 @@
 
 #include <gtest/gtest.h>
 
-#include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
+
+#include "tests/mainwindow/file_prova.h"
 
 namespace {
 
-QByteArray Leggi(const QString& percorso) {
-    QFile file(percorso);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void Scrivi(const QString& percorso, const QByteArray& dati) {
-    ASSERT_TRUE(QDir().mkpath(QFileInfo(percorso).absolutePath()));
-    QFile file(percorso);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    ASSERT_EQ(file.write(dati), dati.size());
-}
+using krt::prova::LeggiFile;
+using krt::prova::ScriviFile;
 
 // Each test in a tree of its own (the runner moves the host's data folders away, so a package
 // installed on the machine does not take part).
@@ -53,46 +44,36 @@ TEST_F(Guide, CopiaSoloLaGuidaMancante) {
         if (c.nellaCartellaDati && QLatin1String(c.nellaCartellaDati) == QLatin1String("/"))
             ASSERT_TRUE(QDir().mkpath(guida));
         else if (c.nellaCartellaDati)
-            Scrivi(guida, c.nellaCartellaDati);
-        if (c.nellaPrima) Scrivi(prima, c.nellaPrima);
+            ScriviFile(guida, c.nellaCartellaDati);
+        if (c.nellaPrima) ScriviFile(prima, c.nellaPrima);
         QFile::setPermissions(prima, QFileDevice::ReadOwner | QFileDevice::ReadGroup);
-        if (c.nellaSeconda) Scrivi(base + QStringLiteral("/seconda/KRTGuide.pdf"), c.nellaSeconda);
+        if (c.nellaSeconda) ScriviFile(base + QStringLiteral("/seconda/KRTGuide.pdf"), c.nellaSeconda);
 
         EXPECT_EQ(krt::CopiaGuidaMancante(dati, QStringLiteral("KRTGuide.pdf"), {base + "/prima", base + "/seconda"}),
                   c.esito);
         EXPECT_EQ(QFileInfo(guida).isFile(), c.attesa != nullptr);
-        EXPECT_EQ(Leggi(guida), QByteArray(c.attesa));
+        EXPECT_EQ(LeggiFile(guida), QByteArray(c.attesa));
         if (c.attesa && c.nellaCartellaDati == nullptr) {
             EXPECT_TRUE(QFile::permissions(guida) & QFileDevice::WriteOwner) << "the copy can be replaced";
         }
     }
 }
 
-// An installed tree: bin/krt, share/krt, the host's shared data folders ($XDG_DATA_DIRS),
-// and the build tree's docs beside bin, last.
-TEST_F(Guide, CartelleCercateDaDoveSiTrovaIlProgramma) {
-    qputenv("XDG_DATA_DIRS", Percorso(QStringLiteral("xdg")).toLocal8Bit());  // the runner's own folder otherwise
-    ASSERT_TRUE(QDir().mkpath(Percorso(QStringLiteral("xdg/krt"))));          // listed when it exists
-    QStringList cartelle = krt::CartelleGuideInstallate(Percorso(QStringLiteral("prefisso/bin")));
-    ASSERT_GE(cartelle.size(), 5);
-    EXPECT_EQ(cartelle[0], Percorso(QStringLiteral("prefisso/bin")));
-    EXPECT_EQ(cartelle[1], Percorso(QStringLiteral("prefisso/share/krt")));
-    EXPECT_EQ(cartelle[2], Percorso(QStringLiteral("prefisso/Resources")));
-    EXPECT_TRUE(cartelle.contains(Percorso(QStringLiteral("xdg/krt"))));
-    EXPECT_EQ(cartelle.back(), Percorso(QStringLiteral("prefisso/docs")));
-    EXPECT_EQ(cartelle.removeDuplicates(), 0);
-}
-
+// An installed tree: bin/krt, share/krt, the host's shared data folders ($XDG_DATA_DIRS), and
+// the build tree's docs beside bin, last. Each guide comes from the first folder that has it.
 TEST_F(Guide, PrimoAvvioCopiaEntrambeLeGuide) {
-    // English only under share/krt, Italian only in the build tree.
-    Scrivi(Percorso(QStringLiteral("prefisso/share/krt/KRTGuide.pdf")), "en installed");
-    Scrivi(Percorso(QStringLiteral("prefisso/docs/KRTGuide.pdf")), "en build");
-    Scrivi(Percorso(QStringLiteral("prefisso/docs/KRTGuide_ita.pdf")), "it build");
+    qputenv("XDG_DATA_DIRS", Percorso(QStringLiteral("xdg")).toLocal8Bit());  // the runner's own folder otherwise
+    ScriviFile(Percorso(QStringLiteral("prefisso/share/krt/KRTGuide.pdf")), "en installed");
+    ScriviFile(Percorso(QStringLiteral("xdg/krt/KRTGuide_ita.pdf")), "it shared");
+    for (const char* guida : {"KRTGuide.pdf", "KRTGuide_ita.pdf"})
+        ScriviFile(Percorso(QStringLiteral("prefisso/docs/")) + QLatin1String(guida), "build");
     ASSERT_TRUE(QDir().mkpath(Percorso(QStringLiteral("dati"))));
     const QStringList origini = krt::CartelleGuideInstallate(Percorso(QStringLiteral("prefisso/bin")));
+    EXPECT_EQ(origini.value(0), Percorso(QStringLiteral("prefisso/bin")));
+    EXPECT_EQ(origini.back(), Percorso(QStringLiteral("prefisso/docs")));
     krt::InstallaGuide(Percorso(QStringLiteral("dati")), origini);
-    EXPECT_EQ(Leggi(Percorso(QStringLiteral("dati/KRTGuide.pdf"))), "en installed");
-    EXPECT_EQ(Leggi(Percorso(QStringLiteral("dati/KRTGuide_ita.pdf"))), "it build");
+    EXPECT_EQ(LeggiFile(Percorso(QStringLiteral("dati/KRTGuide.pdf"))), "en installed");
+    EXPECT_EQ(LeggiFile(Percorso(QStringLiteral("dati/KRTGuide_ita.pdf"))), "it shared");
     krt::InstallaGuide(QString(), origini);  // no data folder: nothing, no fault
 }
 
