@@ -19,7 +19,6 @@ TEST(Avvisi, CheckDigitErrato) {
         {"EAN-13 wrong", "EAN13", "5901234123458", '7'},
         {"EAN-13 short: not a whole number", "EAN13", "590123412345", std::nullopt},
         {"EAN-8 wrong", "EAN8", "96385070", '4'},
-        {"UPC-A wrong", "UPCA", "036000291450", '2'},
         {"UPC-E checked on its UPC-A form", "UPCE", "01234560", '5'},
         {"UCC-ITF 14 wrong", "ITF", "15400141288760", '3'},
         {"a letter: the rules refuse it, no warning", "EAN13", "59012341234A7", std::nullopt},
@@ -52,9 +51,8 @@ TEST(Avvisi, CheckDigitInPiu) {
         const auto esito = CheckDigitInPiu(c.codice, c.contenuto, c.check);
         ASSERT_EQ(esito.has_value(), c.daDigitare.has_value());
         if (!esito) continue;
-        EXPECT_EQ(esito->digitate, *c.daDigitare + 1);
-        EXPECT_EQ(esito->daDigitare, *c.daDigitare);
-        EXPECT_EQ(esito->checkErrato, c.checkErrato);
+        EXPECT_EQ(std::tie(esito->digitate, esito->daDigitare, esito->checkErrato),
+                  std::tuple(*c.daDigitare + 1, *c.daDigitare, c.checkErrato));
     }
 }
 
@@ -98,7 +96,6 @@ TEST(Avvisi, HRCLeggibile) {
         {"\\x81", false, "\x81"},
         {"A\\\\B\\x7F", false, "A\\B<DEL>"},
         {"A\\qB", true, "A\\qB"},  // no character: left as typed
-        {"(01)09501234567890", true, "(01)09501234567890"},
     };
     for (const auto& c : casi) EXPECT_EQ(HRCLeggibile(c.hrc, c.codice128), c.atteso) << c.hrc;
 }

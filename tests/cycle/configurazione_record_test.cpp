@@ -90,8 +90,6 @@ TEST(RecordConfigurazione, ValoriStrani) {
         void (*atteso)(Configurazione&, const Configurazione& predefinita);
     } casi[] = {
         {"bold 1 reads as true", 128, "\x01\0"s, [](auto& c, auto&) { c.GrassettoHRC = krt::kVero; }},
-        {"italic 0x8000 reads as true", 130, "\0\x80"s, [](auto& c, auto&) { c.CorsivoHRC = krt::kVero; }},
-        {"HRC size 0", 136, "\0\0"s, [](auto& c, auto& p) { c.DimensioneHRC = p.DimensioneHRC; }},
         {"HRC size 1638", 136, "\x66\x06"s, [](auto& c, auto&) { c.DimensioneHRC = 1638; }},
         {"HRC size 1639", 136, "\x67\x06"s, [](auto& c, auto& p) { c.DimensioneHRC = p.DimensioneHRC; }},
         {"HRC box 2", 168, "\x02\0"s, [](auto& c, auto& p) { c.HRC = p.HRC; }},
@@ -105,7 +103,6 @@ TEST(RecordConfigurazione, ValoriStrani) {
         {"blank font", 0, Spazi("", 128), [](auto& c, auto& p) { c.NomeFontHRC = p.NomeFontHRC; }},
         {"blank symbology: valid", 138, Spazi("", 30), [](auto& c, auto&) { c.Simbologia = {}; }},
         {"symbology with a tab", 138, "Code\t39", [](auto& c, auto& p) { c.Simbologia = p.Simbologia; }},
-        {"style with a line feed", 174, "Normal\n", [](auto& c, auto& p) { c.Stile = p.Stile; }},
     };
     for (const auto& c : casi) {
         Configurazione attesa = Esempio;
