@@ -1,0 +1,80 @@
+// The list window's sheets of labels: one PDF, a symbol to a cell on as many pages as the rows
+// need, no font in it, a label read back from its cell; sheets that cannot be written.
+#include <gtest/gtest.h>
+
+#include <QClipboard>
+#include <QFile>
+#include <QGuiApplication>
+#include <QImage>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+
+#include "ambiente_e2e.h"
+#include "cycle/attesa_scansione.h"
+#include "cycle/voce.h"
+#include "mainwindow/frmelenco.h"
+#include "mainwindow/scansione.h"
+
+namespace {
+
+using namespace krt;
+
+QString Uscita(const QString& programma, const QStringList& argomenti) {
+    QProcess p;
+    p.start(programma, argomenti);
+    p.waitForFinished(60000);
+    return QString::fromUtf8(p.readAllStandardOutput());
+}
+
+TEST(Etichette, PdfDallElenco) {
+    if (QStandardPaths::findExecutable("pdfinfo").isEmpty()) GTEST_SKIP() << "poppler-utils missing";
+    ASSERT_GT(FontDiProvaCaricati(), 0) << "KRT_FONT_TEST: no fonts";
+    QTemporaryDir cartella;
+    QStringList errori, messaggi;
+    const VoceCatalogo& ean13 = *TrovaVoce("EAN 13", 0);
+    ServiziElenco servizi;
+    servizi.errore = [&](const QString& t) { errori << t; };
+    servizi.messaggio = [&](const QString& t) { messaggi << t; };
+    frmElenco finestra({&ean13, "Normal", 12, true}, servizi);
+    QGuiApplication::clipboard()->setText("400638133393\n590123412345\n12X\n978014300723\n501234567890\n");
+    ASSERT_TRUE(finestra.Incolla());
+    struct Caso {
+        const char* nome;
+        FoglioEtichette foglio;
+        int scritte;
+        const char* atteso;  // in pdfinfo's output, or in the error box
+    } const casi[] = {
+        {"a4_two_across_one_down_two_pages", {210, 297, 2, 1}, 4, "Pages:           2"},
+        {"letter_three_by_eight_one_page", {215.9, 279.4}, 4, "(letter)"},
+        {"cells_smaller_than_symbol", {210, 297, 8, 30}, -1, "the cells must be at least 45.0 × 5.9 mm"},
+        {"no_rows", {210, 297, 3, 0}, -1, "no label cell"},
+    };
+    for (const Caso& c : casi) {
+        SCOPED_TRACE(c.nome);
+        errori.clear();
+        messaggi.clear();
+        const QString pdf = cartella.filePath(QLatin1String(c.nome) + ".pdf");
+        EXPECT_EQ(finestra.EsportaEtichette(pdf, c.foglio), c.scritte);
+        EXPECT_EQ(QFile::exists(pdf), c.scritte > 0);
+        if (c.scritte < 0) {
+            EXPECT_TRUE(errori.value(0).contains(QString::fromUtf8(c.atteso))) << errori.join(u'\n').toStdString();
+            continue;
+        }
+        EXPECT_TRUE(Uscita("pdfinfo", {pdf}).contains(QLatin1String(c.atteso)));
+        EXPECT_TRUE(messaggi.value(0).endsWith("skipped: 1.")) << messaggi.value(0).toStdString();
+        EXPECT_EQ(Uscita("pdffonts", {pdf}).count(u'\n'), 2);  // the heading lines, no font
+        // The first label, cut from its cell at 300 dpi.
+        const RettangoloMm cella = PostoDiEtichetta(c.foglio, 0).cella;
+        auto dots = [](double mm) { return QString::number(static_cast<int>(mm * 300 / 25.4)); };
+        Uscita("pdftoppm", {"-r", "300", "-gray", "-png", "-singlefile", "-x", dots(cella.x), "-y", dots(cella.y),
+                            "-W", dots(cella.larghezza), "-H", dots(cella.altezza), pdf, pdf});
+        const QImage i = QImage(pdf + ".png").convertToFormat(QImage::Format_Grayscale8);
+        const GenerazioneVoce g = GeneraVoce(ean13, "400638133393", {true, false, false, "Normal", {}});
+        const LetturaScansione lettura = LeggiImmagine(i.constBits(), i.width(), i.height(),
+                                                       static_cast<int>(i.bytesPerLine()), AttesaPerVoce(ean13, g));
+        EXPECT_EQ(lettura.testo, "4006381333931") << i.width() << "x" << i.height();
+    }
+}
+
+}  // namespace
