@@ -103,7 +103,8 @@ bool ChiediFoglio(QWidget* genitore, FoglioEtichette& foglio, const std::functio
         const QSizeF mm = QPageSize::size(id, QPageSize::Millimeter);
         cmbPagina->addItem(QStringLiteral("%1 (%2 × %3 mm)").arg(QPageSize::name(id)).arg(mm.width()).arg(mm.height()),
                            mm);
-        if (std::abs(mm.width() - foglio.paginaLarghezzaMm) < 0.5 && std::abs(mm.height() - foglio.paginaAltezzaMm) < 0.5)
+        if (std::abs(mm.width() - foglio.paginaLarghezzaMm) < 0.5 &&
+            std::abs(mm.height() - foglio.paginaAltezzaMm) < 0.5)
             cmbPagina->setCurrentIndex(cmbPagina->count() - 1);
     }
     auto conta = [&dialogo](const char* nome, int valore) {
@@ -573,7 +574,8 @@ int frmElenco::EsportaEtichette(const QString& percorso, const FoglioEtichette& 
         servizi_.errore(CaricaStringa(Id::NessunaAccettata));
         return -1;
     }
-    // Written beside the target and moved over it whole: an error leaves no file.
+    // Written beside the target and moved over it whole: an error leaves no half-written file,
+    // and an existing one untouched.
     QSaveFile file(percorso);
     auto fallito = [&](const QString& motivo) {
         file.cancelWriting();
