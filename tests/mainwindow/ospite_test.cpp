@@ -31,23 +31,19 @@ TEST(Ospite, ScorciatoieStandardSoloDoveMancano) {
     }
 }
 
+// Nothing stored, or not a geometry: the window keeps its size.
 TEST(Ospite, GeometriaRicordataNelleImpostazioniDelSistema) {
     QTemporaryDir cartella;
-    ASSERT_TRUE(cartella.isValid());
     QSettings impostazioni(cartella.filePath(QStringLiteral("krt.conf")), QSettings::IniFormat);
-
-    QMainWindow vuota;
-    vuota.resize(333, 222);
-    EXPECT_FALSE(krt::RipristinaGeometria(vuota, impostazioni)) << "nothing stored yet";
-    EXPECT_EQ(vuota.size(), QSize(333, 222));
-
-    impostazioni.setValue(QStringLiteral("finestra/geometria"), QByteArray("not a geometry"));
-    EXPECT_FALSE(krt::RipristinaGeometria(vuota, impostazioni));
-    EXPECT_EQ(vuota.size(), QSize(333, 222));
-
-    QMainWindow prima;
-    prima.setGeometry(40, 50, 420, 310);
-    krt::SalvaGeometria(prima, impostazioni);
+    QMainWindow finestra;
+    finestra.resize(333, 222);
+    for (const char* prima : {"nothing", "not a geometry"}) {
+        EXPECT_FALSE(krt::RipristinaGeometria(finestra, impostazioni)) << prima;
+        EXPECT_EQ(finestra.size(), QSize(333, 222)) << prima;
+        impostazioni.setValue(QStringLiteral("finestra/geometria"), QByteArray(prima));
+    }
+    finestra.setGeometry(40, 50, 420, 310);
+    krt::SalvaGeometria(finestra, impostazioni);
     QMainWindow dopo;
     ASSERT_TRUE(krt::RipristinaGeometria(dopo, impostazioni));
     EXPECT_EQ(dopo.size(), QSize(420, 310));

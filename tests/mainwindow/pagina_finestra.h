@@ -77,6 +77,7 @@ struct PaginaFinestra {
         servizi.dialogoStampa = [this](QPrinter& stampante) {
             stampante.setOutputFormat(QPrinter::PdfFormat);
             stampante.setOutputFileName(fileStampa);
+            if (paginaStampa) stampante.setPageLayout(*paginaStampa);
             return true;
         };
         finestra = std::make_unique<frmPrincipale>(servizi);
@@ -95,7 +96,6 @@ struct PaginaFinestra {
         imgWizard = Figlio<QToolButton>("imgWizard");
         labSuperata = Figlio<QLabel>("labSuperata");
         labAvvisi = Figlio<QLabel>("labAvvisi");
-        labLarghezza = Figlio<QLabel>("labLarghezza");
         cmdClipboard = Figlio<QPushButton>("cmdClipboard");
         labScansione = Figlio<QLabel>("labScansione");
     }
@@ -141,7 +141,8 @@ struct PaginaFinestra {
     QString Marcatore() const { return cartella.filePath(QStringLiteral("ITALIANO.LNG")); }
 
     static QString Glifi(const std::string& contenuto, const std::string& codice, bool check) {
-        return DaWindows1252(CodificaBarcode(contenuto, codice, check)).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+        return DaWindows1252(CodificaBarcode(contenuto, codice, check))
+            .replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
     }
 
     QTemporaryDir cartella;
@@ -151,7 +152,8 @@ struct PaginaFinestra {
     std::vector<QString> documenti;
     std::optional<QFont> fontScelto;
     std::optional<std::pair<std::string, std::string>> risultatoWizard;
-    QString fileEsportazione, fileStampa;  // what the file and print dialogs answer
+    QString fileEsportazione, fileStampa;     // what the file and print dialogs answer
+    std::optional<QPageLayout> paginaStampa;  // A4 when not set
 
     QLineEdit* txtCodice = nullptr;
     QLineEdit* txtDimensione = nullptr;
@@ -166,10 +168,8 @@ struct PaginaFinestra {
     QToolButton* imgWizard = nullptr;
     QLabel* labSuperata = nullptr;
     QLabel* labAvvisi = nullptr;
-    QLabel* labLarghezza = nullptr;
     QPushButton* cmdClipboard = nullptr;
     QLabel* labScansione = nullptr;
 };
-
 
 }  // namespace krt::prova

@@ -1,6 +1,7 @@
 // The RTF writer and the preview's runs (a word processor reading the result: tests/e2e).
 #include <gtest/gtest.h>
 
+#include <QFontDatabase>
 #include <QTextCursor>
 #include <QTextDocument>
 
@@ -15,20 +16,7 @@ namespace {
 using namespace krt;
 
 SegmentoRtf Barre(std::string famiglia, double punti, std::string testo) {
-    SegmentoRtf s;
-    s.famiglia = std::move(famiglia);
-    s.punti = punti;
-    s.testo = std::move(testo);
-    return s;
-}
-
-SegmentoRtf Hrc(std::string testo, bool b, bool i, bool u, bool s) {
-    SegmentoRtf r = Barre("Courier", 10, std::move(testo));
-    r.grassetto = b;
-    r.corsivo = i;
-    r.sottolineato = u;
-    r.barrato = s;
-    return r;
+    return {.famiglia = std::move(famiglia), .punti = punti, .testo = std::move(testo)};
 }
 
 TEST(Rtf, DocumentoMinimo) {
@@ -45,8 +33,9 @@ struct CasoRtf {
 };
 
 TEST(Rtf, Regole) {
-    SegmentoRtf simbolo = Barre("ORB128", 72, "\xCC\x8B");
-    simbolo.simbolo = true;
+    const SegmentoRtf simbolo{.famiglia = "ORB128", .simbolo = true, .punti = 72, .testo = "\xCC\x8B"};
+    const SegmentoRtf hrc{.famiglia = "Courier", .punti = 10, .grassetto = true, .corsivo = true, .sottolineato = true,
+                          .barrato = true, .testo = "*A*"};
     const CasoRtf casi[] = {
         {"specials escaped", {Barre("F", 12, "a\\b{c}d")}, {"a\\\\b\\{c\\}d"}, {}},
         {"bytes above 127 as hex", {Barre("ORB128", 12, "\xCC" "A\x8B\xE9")}, {" \\'cc" "A\\'8b\\'e9}"}, {"\xCC"}},
@@ -58,59 +47,50 @@ TEST(Rtf, Regole) {
         {"lone LF too", {Barre("F", 12, "A\nB")}, {"A\\par\r\n"}, {}},
         {"sizes in half points, rounded", {Barre("F", 10.5, "x"), Barre("G", 7.25, "y")}, {"\\fs21 x", "\\fs15 y"}, {}},
         {"HRC attributes",
-         {Barre("ORB39", 100, "*A*\r\n"), Hrc("*A*", true, true, true, true)},
+         {Barre("ORB39", 100, "*A*\r\n"), hrc},
          {"{\\f1\\fnil\\fcharset0 Courier;}", "\\plain\\f1\\fs20\\b\\i\\ul\\strike *A*}"},
          {}},
-        {"plain HRC sets no attribute", {Hrc("x", false, false, false, false)}, {"\\plain\\f0\\fs20 x"}, {"\\b", "\\i ", "\\ul"}},
-        {"one table entry per family", {Barre("F", 12, "a"), Barre("F", 14, "b")}, {"{\\fonttbl{\\f0\\fnil\\fcharset0 F;}}"}, {"\\f1"}},
+        {"plain HRC sets no attribute", {Barre("Courier", 10, "x")}, {"\\plain\\f0\\fs20 x"}, {"\\b", "\\i ", "\\ul"}},
+        {"one table entry per family", {Barre("F", 12, "a"), Barre("F", 14, "b")},
+         {"{\\fonttbl{\\f0\\fnil\\fcharset0 F;}}"}, {"\\f1"}},
         {"symbol map font", {simbolo}, {"{\\f0\\fnil\\fcharset2 ORB128;}", "\\'cc\\'8b"}, {"fcharset0"}},
         {"family names are escaped too", {Barre("Caf\xE9", 12, "x")}, {"\\fcharset0 Caf\\'e9;}"}, {}},
         {"a leading space survives the delimiter", {Barre("F", 12, " x")}, {"\\fs24  x"}, {}},
     };
     for (const auto& c : casi) {
         const std::string rtf = ComponiRtf(c.segmenti);
-        for (const auto& p : c.presenti) EXPECT_NE(rtf.find(p), std::string::npos) << c.nome << ": " << p << "\n" << rtf;
+        for (const auto& p : c.presenti)
+            EXPECT_NE(rtf.find(p), std::string::npos) << c.nome << ": " << p << "\n" << rtf;
         for (const auto& a : c.assenti) EXPECT_EQ(rtf.find(a), std::string::npos) << c.nome << ": " << a << "\n" << rtf;
         EXPECT_EQ(rtf.back(), '}') << c.nome;
         for (unsigned char ch : rtf) EXPECT_TRUE(ch < 128) << c.nome << ": the document is 7-bit";
     }
 }
 
-// The preview's document read back as runs: formats, paragraph ends, bytes.
+// The preview's document read back as runs: formats, paragraph ends, bytes; the Latin-1
+// reading (symbol-map fonts) gives the same bytes and marks the family.
 TEST(Rtf, SegmentiDellAnteprima) {
-    QTextDocument documento;
+    QTextDocument documento, simbolo;
     QTextCursor cursore(&documento);
-    QTextCharFormat barre;
+    QTextCharFormat barre, hrc;
     barre.setFontFamilies({QStringLiteral("ORB128")});
     barre.setFontPointSize(72);
-    cursore.setBlockCharFormat(barre);
     cursore.insertText(QString::fromUtf8("\xC3\x8C" "A\xE2\x80\xB9"), barre);  // U+00CC A U+2039
-    QTextCharFormat hrc;
     hrc.setFontFamilies({QStringLiteral("Courier")});
-    hrc.setFontPointSize(10);
     hrc.setFontWeight(QFont::Bold);
     hrc.setFontStrikeOut(true);
     cursore.insertBlock(QTextBlockFormat(), hrc);
     cursore.insertText(QStringLiteral("(01)123"), hrc);
+    QTextCursor(&simbolo).insertText(QString(QChar(0x8B)) + QChar(0xF041) + QStringLiteral("B"), barre);
 
-    const auto segmenti = SegmentiDocumento(documento);
+    const auto segmenti = SegmentiDocumento(documento), s2 = SegmentiDocumento(simbolo);
     ASSERT_EQ(segmenti.size(), 2u);
-    EXPECT_EQ(segmenti[0].famiglia, "ORB128");
-    EXPECT_EQ(segmenti[0].punti, 72);
-    EXPECT_EQ(segmenti[0].testo, "\xCC" "A\x8B\r\n");
-    EXPECT_FALSE(segmenti[0].simbolo);
-    EXPECT_EQ(segmenti[1].famiglia, "Courier");
-    EXPECT_EQ(segmenti[1].testo, "(01)123");
-    EXPECT_TRUE(segmenti[1].grassetto);
-    EXPECT_TRUE(segmenti[1].barrato);
-    EXPECT_FALSE(segmenti[1].corsivo);
-
-    // The Latin-1 reading (symbol-map fonts) gives the same bytes and marks the family.
-    QTextDocument simbolo;
-    QTextCursor c2(&simbolo);
-    c2.insertText(QString(QChar(0x8B)) + QChar(0xF041) + QStringLiteral("B"), barre);
-    const auto s2 = SegmentiDocumento(simbolo);
     ASSERT_EQ(s2.size(), 1u);
+    EXPECT_EQ(segmenti[0].famiglia + "|" + segmenti[0].testo + "|" + segmenti[1].famiglia + "|" + segmenti[1].testo,
+              "ORB128|\xCC" "A\x8B\r\n|Courier|(01)123");
+    EXPECT_EQ(segmenti[0].punti, 72);
+    EXPECT_FALSE(segmenti[0].simbolo);
+    EXPECT_TRUE(segmenti[1].grassetto && segmenti[1].barrato && !segmenti[1].corsivo);
     EXPECT_EQ(s2[0].testo, "\x8B" "AB");
     EXPECT_TRUE(s2[0].simbolo);
 }
@@ -151,10 +131,16 @@ TEST(Rtf, NessunaParolaDiControlloIniettata) {
         << rtf;
 }
 
-TEST(Rtf, LetturaDeiGlifiConFontUnicode) {
-    // A font with a Unicode map (any installed text font) takes the Windows-1252 reading.
-    const QString letti = LeggiGlifi("\xCC" "A\x8B\r\nB", QFont(QStringLiteral("DejaVu Sans")));
-    EXPECT_EQ(letti, QString::fromUtf8("\xC3\x8C" "A\xE2\x80\xB9\nB"));
+// A font with a Unicode map (any text font) takes the Windows-1252 reading, a symbol-map
+// barcode font the Latin-1 one.
+TEST(Rtf, LetturaDeiGlifiSecondoLaMappaDelFont) {
+    EXPECT_EQ(LeggiGlifi("\xCC" "A\x8B\r\nB", QFont(QStringLiteral("DejaVu Sans"))),
+              QString::fromUtf8("\xC3\x8C" "A\xE2\x80\xB9\nB"));
+    const int simbolo = QFontDatabase::addApplicationFont(QStringLiteral(KRT_FONT_PROVA "/../symbol/ORB128.ttf"));
+    if (simbolo < 0) GTEST_SKIP() << "reference fonts not built";
+    const QFont font(QFontDatabase::applicationFontFamilies(simbolo).value(0));
+    EXPECT_EQ(LeggiGlifi("\xCC" "A\x8B", font), QString::fromLatin1("\xCC" "A\x8B"));
+    QFontDatabase::removeApplicationFont(simbolo);
 }
 
 }  // namespace

@@ -3,21 +3,14 @@
 #include <gtest/gtest.h>
 
 #include <QFile>
-#include <QLabel>
 #include <QTemporaryDir>
-
-#include "support/frmsplash.h"
-#include "support/stringhe.h"
 
 namespace {
 
-struct Filtro {
-    QStringList famiglie;
-    QStringList barcode;
-};
-
 TEST(CaricaFont, SoloFamiglieORB) {
-    const Filtro casi[] = {
+    const struct {
+        QStringList famiglie, barcode;
+    } casi[] = {
         {{}, {}},
         {{"Arial", "DejaVu Sans"}, {}},
         {{"ORB39", "Arial", "ORB128 Short", "ORBEAN"}, {"ORB39", "ORB128 Short", "ORBEAN"}},
@@ -32,29 +25,13 @@ TEST(CaricaFont, SoloFamiglieORB) {
 
 TEST(CancellaFile, IgnoraOgniErrore) {
     QTemporaryDir cartella;
-    ASSERT_TRUE(cartella.isValid());
     const QString percorso = cartella.filePath(QStringLiteral("ITALIANO.LNG"));
-    QFile file(percorso);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.close();
+    ASSERT_TRUE(QFile(percorso).open(QIODevice::WriteOnly));
     krt::CancellaFile(percorso);
     EXPECT_FALSE(QFile::exists(percorso));
-    krt::CancellaFile(percorso);       // missing
-    krt::CancellaFile(cartella.path());  // a folder
-    krt::CancellaFile(QString());
+    for (const QString& altro : {percorso, cartella.path(), QString()})
+        krt::CancellaFile(altro);  // missing, a folder, none
     EXPECT_TRUE(QFileInfo(cartella.path()).isDir());
-}
-
-TEST(FrmSplash, MostraLaStringa300NellaLinguaCorrente) {
-    for (const std::int16_t offset : {krt::kOffsetInglese, krt::kOffsetItaliano}) {
-        krt::ImpostaOffsetLingua(offset);
-        krt::frmSplash splash;
-        const auto* etichetta = splash.findChild<QLabel*>(QStringLiteral("labMessaggio"));
-        ASSERT_NE(etichetta, nullptr);
-        EXPECT_EQ(etichetta->text(), krt::CaricaStringa(300));
-        EXPECT_TRUE(splash.windowFlags().testFlag(Qt::SplashScreen));
-    }
-    krt::ImpostaOffsetLingua(krt::kOffsetInglese);
 }
 
 }  // namespace

@@ -34,6 +34,7 @@ TEST(CodificaTesto, OgniCoppiaDiByteFaIlGiroCompleto) {
     EXPECT_EQ(utf8, euro);
 }
 
+// The conversion back, and the check of the form alone (the same reader).
 TEST(CodificaTesto, DaUtf8) {
     struct Riga {
         const char* utf8;
@@ -50,6 +51,7 @@ TEST(CodificaTesto, DaUtf8) {
         {"\xF0\x9F\x98\x80", nullptr, "U+1F600"},
         {"a\xFF", nullptr, "malformed UTF-8 at byte 2"},
         {"\xC3", nullptr, "malformed"},           // cut short
+        {"\xC3\xA9\xC3", nullptr, "malformed UTF-8 at byte 3"},
         {"\xC0\xAF", nullptr, "malformed"},       // overlong
         {"\xED\xA0\x80", nullptr, "malformed"},   // surrogate
         {"\xED\xBF\xBF", nullptr, "malformed"},   // the last surrogate
@@ -58,6 +60,8 @@ TEST(CodificaTesto, DaUtf8) {
     for (const auto& r : righe) {
         std::string uscita, errore;
         const bool ok = Utf8InCp1252(r.utf8, uscita, errore);
+        EXPECT_EQ(Utf8BenFormato(r.utf8), std::string_view(r.errore).find("malformed") == std::string_view::npos)
+            << r.utf8;
         EXPECT_EQ(ok, r.cp1252 != nullptr) << "input \"" << r.utf8 << "\"";
         if (r.cp1252 != nullptr)
             EXPECT_EQ(uscita, r.cp1252) << "input \"" << r.utf8 << "\"";

@@ -16,33 +16,16 @@ namespace {
 
 using namespace krt;
 
-// The dialog with its message boxes recorded instead of shown.
+// The dialog, built in English (the language every test leaves), with its message boxes
+// recorded instead of shown.
 class Wizard : public ::testing::Test {
 protected:
     void SetUp() override {
-        ImpostaOffsetLingua(kOffsetInglese);
-        dialogo = std::make_unique<frmEan128Wizard>();
-        dialogo->ImpostaMostraMessaggio([this](int id) { messaggi.push_back(id); });
-        dialogo->show();
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(dialogo.get()));
-        lstAI = Figlio<QListWidget>("lstAI");
-        lstCodice = Figlio<QListWidget>("lstCodice");
-        txtValore = Figlio<QLineEdit>("txtValore");
-        labDescrizione = Figlio<QLabel>("labDescrizione");
-        labAI = Figlio<QLabel>("labAI");
-        cmdUp = Figlio<QPushButton>("cmdUp");
-        cmdDown = Figlio<QPushButton>("cmdDown");
-        cmdOk = Figlio<QPushButton>("cmdOk");
-        cmdAnnulla = Figlio<QPushButton>("cmdAnnulla");
+        dialogo.ImpostaMostraMessaggio([this](int id) { messaggi.push_back(id); });
+        dialogo.show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&dialogo));
     }
     void TearDown() override { ImpostaOffsetLingua(kOffsetInglese); }
-
-    template <class T>
-    T* Figlio(const char* nome) {
-        auto* figlio = dialogo->findChild<T*>(nome);
-        EXPECT_NE(figlio, nullptr) << nome;
-        return figlio;
-    }
 
     // Clicks the catalogue entry of an AI.
     void ScegliAI(std::string_view ai) {
@@ -69,21 +52,23 @@ protected:
     }
     using Testi = std::vector<std::string>;
 
-    std::unique_ptr<frmEan128Wizard> dialogo;
+    frmEan128Wizard dialogo;
     std::vector<int> messaggi;
-    QListWidget* lstAI = nullptr;
-    QListWidget* lstCodice = nullptr;
-    QLineEdit* txtValore = nullptr;
-    QLabel* labDescrizione = nullptr;
-    QLabel* labAI = nullptr;
-    QPushButton* cmdUp = nullptr;
-    QPushButton* cmdDown = nullptr;
-    QPushButton* cmdOk = nullptr;
-    QPushButton* cmdAnnulla = nullptr;
+    QListWidget* lstAI = dialogo.findChild<QListWidget*>("lstAI");
+    QListWidget* lstCodice = dialogo.findChild<QListWidget*>("lstCodice");
+    QLineEdit* txtValore = dialogo.findChild<QLineEdit*>("txtValore");
+    QLabel* labDescrizione = dialogo.findChild<QLabel*>("labDescrizione");
+    QLabel* labAI = dialogo.findChild<QLabel*>("labAI");
+    QLabel* labAvviso = dialogo.findChild<QLabel*>("labAvviso");
+    QPushButton* cmdUp = dialogo.findChild<QPushButton*>("cmdUp");
+    QPushButton* cmdDown = dialogo.findChild<QPushButton*>("cmdDown");
+    QPushButton* cmdOk = dialogo.findChild<QPushButton*>("cmdOk");
+    QPushButton* cmdAnnulla = dialogo.findChild<QPushButton*>("cmdAnnulla");
 };
 
-TEST_F(Wizard, OpensWithTheCatalogueAndNothingSelected) {
-    EXPECT_EQ(dialogo->windowTitle(), "Wizard EAN 128");
+// The catalogue, nothing selected; selecting an AI sets the value's limit and description.
+TEST_F(Wizard, CatalogoEDescrizioni) {
+    EXPECT_EQ(dialogo.windowTitle(), "Wizard EAN 128");
     EXPECT_GE(txtValore->minimumWidth(), 20 * txtValore->fontMetrics().horizontalAdvance(QLatin1Char('0')));
     EXPECT_EQ(lstAI->count(), 107);
     EXPECT_TRUE(lstAI->selectedItems().isEmpty());
@@ -91,27 +76,6 @@ TEST_F(Wizard, OpensWithTheCatalogueAndNothingSelected) {
     EXPECT_EQ(lstCodice->count(), 0);
     EXPECT_EQ(cmdOk->text(), "O&k");
     EXPECT_EQ(cmdAnnulla->text(), "&Abort");
-}
-
-TEST_F(Wizard, WorkedExample) {
-    Inserisci("01", "09501234567890");
-    EXPECT_EQ(Figlio<QLabel>("labAvviso")->text(), "(01) Check digit should be 1.") << "warned, not refused";
-    ScegliAI("10");
-    QTest::keyClicks(txtValore, "ABC");
-    QTest::mouseClick(cmdUp, Qt::LeftButton);
-    Inserisci("310", "12.5");
-    EXPECT_EQ(Righe(), Testi({"(01) 09501234567890", "(10) ABC", "(310) 12.5"}));
-    EXPECT_EQ(Figlio<QLabel>("labAvviso")->text(), "");
-    EXPECT_TRUE(txtValore->text().isEmpty());
-    EXPECT_TRUE(messaggi.empty());
-
-    QTest::mouseClick(cmdOk, Qt::LeftButton);
-    EXPECT_EQ(dialogo->result(), QDialog::Accepted);
-    EXPECT_EQ(dialogo->Contenuto(), "010950123456789010ABC\\x813101000125");
-    EXPECT_EQ(dialogo->TestoHRC(), "(01)09501234567890(10)ABC(3101)000125");
-}
-
-TEST_F(Wizard, SelectingAnAISetsLimitAndDescription) {
     const struct {
         std::string_view ai;
         int limite;
@@ -127,81 +91,80 @@ TEST_F(Wizard, SelectingAnAISetsLimitAndDescription) {
         EXPECT_EQ(txtValore->maxLength(), c.limite) << c.ai;
         EXPECT_EQ(labDescrizione->text(), c.descrizione) << c.ai;
     }
+    ImpostaOffsetLingua(kOffsetItaliano);
+    frmEan128Wizard italiano;
+    italiano.findChild<QListWidget*>("lstAI")->setCurrentRow(static_cast<int>(*CercaAI("310")));
+    EXPECT_EQ(italiano.findChild<QLabel*>("labDescrizione")->text(), "Decimale di lunghezza 6");
+    EXPECT_EQ(italiano.findChild<QPushButton*>("cmdAnnulla")->text(), CaricaStringa(91));
 }
 
-// A refused value stays in the box; an SSCC gains its check digit; a doubtful date is kept and
-// pointed out; Abort hands back nothing.
-TEST_F(Wizard, RefusedCompletedAndCancelled) {
-    Inserisci("01", "123");
-    EXPECT_EQ(messaggi, std::vector<int>{MessaggioLunghezzaErrata});
-    EXPECT_EQ(txtValore->text(), "123");
-    Inserisci("00", "12345678901234567");
-    EXPECT_EQ(Righe(), Testi({"(00) 123456789012345675"}));
-    EXPECT_EQ(Figlio<QLabel>("labAvviso")->text(), "");
-    Inserisci("17", "241399");  // month 13: kept, and pointed out
-    EXPECT_EQ(Righe().back(), "(17) 241399");
-    EXPECT_EQ(Figlio<QLabel>("labAvviso")->text(), "(17) " + CaricaStringa(519));
-    QTest::mouseClick(cmdAnnulla, Qt::LeftButton);
-    EXPECT_EQ(dialogo->result(), QDialog::Rejected);
-    EXPECT_TRUE(dialogo->Contenuto().empty());
-    EXPECT_TRUE(dialogo->TestoHRC().empty());
-}
-
-TEST_F(Wizard, RemoveLastAndEmptyOk) {
+// O&k on nothing is refused; a refused value stays in the box; an SSCC gains its check
+// digit; a doubtful date is kept and pointed out; Down takes the last line back into the box
+// with its AI selected, the AI label following the selection; Abort hands back nothing.
+TEST_F(Wizard, RifiutiCompletamentiEAnnulla) {
     QTest::mouseClick(cmdOk, Qt::LeftButton);
     EXPECT_EQ(messaggi, std::vector<int>{MessaggioCodiceVuoto});
-    EXPECT_TRUE(dialogo->isVisible());
-
-    Inserisci("01", "09501234567890");
+    EXPECT_TRUE(dialogo.isVisible());
+    Inserisci("01", "123");
+    EXPECT_EQ(messaggi.back(), MessaggioLunghezzaErrata);
+    EXPECT_EQ(txtValore->text(), "123");
+    Inserisci("00", "12345678901234567");
     Inserisci("10", "AB");
+    Inserisci("17", "241399");  // month 13
+    EXPECT_EQ(Righe(), Testi({"(00) 123456789012345675", "(10) AB", "(17) 241399"}));
+    EXPECT_EQ(labAvviso->text(), "(17) " + CaricaStringa(519));
     ScegliAI("21");
     QTest::mouseClick(cmdDown, Qt::LeftButton);
-    EXPECT_EQ(Righe(), Testi({"(01) 09501234567890"}));
-    EXPECT_EQ(txtValore->text(), "AB");
-    EXPECT_EQ(lstAI->selectedItems().value(0), lstAI->item(static_cast<int>(*CercaAI("10"))));
-    EXPECT_EQ(labAI->text(), "AI: 01");
-
+    EXPECT_EQ(txtValore->text(), "241399");
+    EXPECT_EQ(lstAI->selectedItems().value(0), lstAI->item(static_cast<int>(*CercaAI("17"))));
+    EXPECT_EQ(labAvviso->text(), "");
+    QTest::mouseClick(cmdDown, Qt::LeftButton);
+    EXPECT_EQ(Righe(), Testi({"(00) 123456789012345675"}));
+    EXPECT_EQ(labAI->text(), "AI: 00");
     QTest::mouseClick(cmdDown, Qt::LeftButton);
     EXPECT_TRUE(Righe().empty());
-    EXPECT_EQ(labAI->text(), "") << "the AI label follows the selection";
-    EXPECT_EQ(txtValore->text(), "09501234567890");
+    EXPECT_EQ(labAI->text(), "");
+    EXPECT_EQ(txtValore->text(), "123456789012345675");
     messaggi.clear();
     QTest::mouseClick(cmdDown, Qt::LeftButton);
     EXPECT_EQ(messaggi, std::vector<int>{MessaggioImpossibileAnnullare});
+    QTest::mouseClick(cmdAnnulla, Qt::LeftButton);
+    EXPECT_EQ(dialogo.result(), QDialog::Rejected);
+    EXPECT_TRUE(dialogo.Contenuto().empty());
+    EXPECT_TRUE(dialogo.TestoHRC().empty());
 }
 
-TEST_F(Wizard, KeyboardAlone) {
-    dialogo->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(dialogo.get()));
+// The worked example, keys alone but for the Up button: the focus rests on AI 00 without
+// selecting it, Enter on an AI goes to its value, Enter inserts (a wrong check digit is
+// pointed out, not refused), the mnemonics reach the list, the value and O&k.
+TEST_F(Wizard, EsempioDaTastiera) {
+    dialogo.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialogo));
     ASSERT_EQ(QApplication::focusWidget(), lstAI);
-    // The focus rests on the first entry, AI 00, without selecting it.
     EXPECT_TRUE(lstAI->selectedItems().isEmpty());
     QTest::keyClick(lstAI, Qt::Key_Down);  // AI 01
     QTest::keyClick(lstAI, Qt::Key_Return);
     ASSERT_EQ(QApplication::focusWidget(), txtValore);
     QTest::keyClicks(txtValore, "09501234567890");
     QTest::keyClick(txtValore, Qt::Key_Return);
-    QTest::keyClick(txtValore, Qt::Key_L, Qt::AltModifier);  // mnemonic of the AI list
+    EXPECT_EQ(labAvviso->text(), "(01) Check digit should be 1.");
+    QTest::keyClick(txtValore, Qt::Key_L, Qt::AltModifier);
     ASSERT_EQ(QApplication::focusWidget(), lstAI);
     QTest::keyClick(lstAI, Qt::Key_Down);  // AI 02
     QTest::keyClick(lstAI, Qt::Key_Down);  // AI 10
-    QTest::keyClick(lstAI, Qt::Key_V, Qt::AltModifier);  // mnemonic of the value box
+    QTest::keyClick(lstAI, Qt::Key_V, Qt::AltModifier);
     ASSERT_EQ(QApplication::focusWidget(), txtValore);
-    QTest::keyClicks(txtValore, "AB");
-    QTest::keyClick(txtValore, Qt::Key_Return);
-    ASSERT_EQ(Righe(), Testi({"(01) 09501234567890", "(10) AB"}));
-    QTest::keyClick(txtValore, Qt::Key_K, Qt::AltModifier);  // O&k, an animated click
-    EXPECT_TRUE(QTest::qWaitFor([this] { return dialogo->result() == QDialog::Accepted; }));
-    EXPECT_EQ(dialogo->Contenuto(), "010950123456789010AB");
-    EXPECT_EQ(dialogo->TestoHRC(), "(01)09501234567890(10)AB");
-}
-
-TEST_F(Wizard, ItalianTexts) {
-    ImpostaOffsetLingua(kOffsetItaliano);
-    frmEan128Wizard italiano;
-    italiano.findChild<QListWidget*>("lstAI")->setCurrentRow(static_cast<int>(*CercaAI("310")));
-    EXPECT_EQ(italiano.findChild<QLabel*>("labDescrizione")->text(), "Decimale di lunghezza 6");
-    EXPECT_EQ(italiano.findChild<QPushButton*>("cmdAnnulla")->text(), CaricaStringa(91));
+    QTest::keyClicks(txtValore, "ABC");
+    QTest::mouseClick(cmdUp, Qt::LeftButton);
+    Inserisci("310", "12.5");
+    EXPECT_EQ(Righe(), Testi({"(01) 09501234567890", "(10) ABC", "(310) 12.5"}));
+    EXPECT_EQ(labAvviso->text(), "");
+    EXPECT_TRUE(txtValore->text().isEmpty());
+    EXPECT_TRUE(messaggi.empty());
+    QTest::keyClick(txtValore, Qt::Key_K, Qt::AltModifier);  // an animated click
+    EXPECT_TRUE(QTest::qWaitFor([this] { return dialogo.result() == QDialog::Accepted; }));
+    EXPECT_EQ(dialogo.Contenuto(), "010950123456789010ABC\\x813101000125");
+    EXPECT_EQ(dialogo.TestoHRC(), "(01)09501234567890(10)ABC(3101)000125");
 }
 
 // The catalogue's AIs and the English message texts of krt-encode agree with the
