@@ -11,10 +11,8 @@
 #include <QTemporaryDir>
 
 #include "ambiente_e2e.h"
-#include "cycle/attesa_scansione.h"
 #include "cycle/voce.h"
 #include "mainwindow/frmelenco.h"
-#include "mainwindow/scansione.h"
 
 namespace {
 
@@ -64,16 +62,13 @@ TEST(Etichette, PdfDallElenco) {
         EXPECT_TRUE(Uscita("pdfinfo", {pdf}).contains(QLatin1String(c.atteso)));
         EXPECT_TRUE(messaggi.value(0).endsWith("skipped: 1.")) << messaggi.value(0).toStdString();
         EXPECT_EQ(Uscita("pdffonts", {pdf}).count(u'\n'), 2);  // the heading lines, no font
-        // The first label, cut from its cell at 300 dpi.
-        const RettangoloMm cella = PostoDiEtichetta(c.foglio, 0).cella;
-        auto dots = [](double mm) { return QString::number(static_cast<int>(mm * 300 / 25.4)); };
-        Uscita("pdftoppm", {"-r", "300", "-gray", "-png", "-singlefile", "-x", dots(cella.x), "-y", dots(cella.y),
-                            "-W", dots(cella.larghezza), "-H", dots(cella.altezza), pdf, pdf});
-        const QImage i = QImage(pdf + ".png").convertToFormat(QImage::Format_Grayscale8);
+        // The first label, cut from its cell of the page drawn at 300 dpi.
+        const RettangoloMm c0 = PostoDiEtichetta(c.foglio, 0).cella;
+        const double dots = 300 / 25.4;
+        const QImage i =
+            PaginaPdf(pdf, 300).copy(QRectF(c0.x * dots, c0.y * dots, c0.larghezza * dots, c0.altezza * dots).toRect());
         const GenerazioneVoce g = GeneraVoce(ean13, "400638133393", {true, false, false, "Normal", {}});
-        const LetturaScansione lettura = LeggiImmagine(i.constBits(), i.width(), i.height(),
-                                                       static_cast<int>(i.bytesPerLine()), AttesaPerVoce(ean13, g));
-        EXPECT_EQ(lettura.testo, "4006381333931") << i.width() << "x" << i.height();
+        EXPECT_EQ(Leggi(i, AttesaPerVoce(ean13, g)).testo, "4006381333931") << i.width() << "x" << i.height();
     }
 }
 
