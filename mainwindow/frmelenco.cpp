@@ -2,16 +2,21 @@
 #include "mainwindow/frmelenco.h"
 
 #include <cerrno>
+#include <cmath>
 #include <cstring>
 
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QDoubleSpinBox>
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QFontMetrics>
+#include <QFormLayout>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QSet>
@@ -20,6 +25,9 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QPageSize>
+#include <QPainter>
+#include <QPdfWriter>
 #include <QProgressDialog>
 #include <QPushButton>
 #include <QSaveFile>
@@ -65,9 +73,99 @@ constexpr int Conteggio = 728;
 constexpr int AppuntiVuoti = 729;
 constexpr int FileLetto = 790;
 constexpr int EsportaRighe = 791;
+constexpr int Etichette = 792;
+constexpr int Pagina = 793;
+constexpr int ColonneRighe = 794;
+constexpr int Margini = 795;
+constexpr int FoglioSenzaCelle = 796;   // a full sentence
+constexpr int SimboloFuoriCella = 797;  // %1 content, %2 × %3 symbol mm, %4 × %5 cell mm
+constexpr int NessunaAccettata = 798;
+constexpr int EtichetteScritte = 799;   // %1 labels, %2 pages, %3 file, %4 refused rows
 }  // namespace Id
 
 constexpr int NumeroVoci = 36;
+// Export draws every row with whole printer dots per module at this resolution.
+constexpr int DpiEsportazione = 600;
+
+// The button's caption without its mnemonic and dots.
+QString TitoloEtichette() { return CaricaStringa(Id::Etichette).remove(QLatin1Char('&')).remove(QLatin1String("...")); }
+
+// The sheet in a small dialog: page size, labels across and down, the four margins. A
+// sheet without cells is refused there (the error box), the dialog staying open.
+bool ChiediFoglio(QWidget* genitore, FoglioEtichette& foglio, const std::function<void(const QString&)>& errore) {
+    QDialog dialogo(genitore);
+    dialogo.setObjectName(QStringLiteral("dlgEtichette"));
+    dialogo.setWindowTitle(TitoloEtichette());
+    auto* cmbPagina = new QComboBox(&dialogo);
+    cmbPagina->setObjectName(QStringLiteral("cmbPagina"));
+    const QPageSize::PageSizeId pagine[] = {QPageSize::A4, QPageSize::Letter};
+    for (const auto id : pagine) {
+        const QSizeF mm = QPageSize::size(id, QPageSize::Millimeter);
+        cmbPagina->addItem(QStringLiteral("%1 (%2 × %3 mm)").arg(QPageSize::name(id)).arg(mm.width()).arg(mm.height()),
+                           mm);
+        if (std::abs(mm.width() - foglio.paginaLarghezzaMm) < 0.5 &&
+            std::abs(mm.height() - foglio.paginaAltezzaMm) < 0.5)
+            cmbPagina->setCurrentIndex(cmbPagina->count() - 1);
+    }
+    auto conta = [&dialogo](const char* nome, int valore) {
+        auto* s = new QSpinBox(&dialogo);
+        s->setObjectName(QLatin1String(nome));
+        s->setRange(1, EtichetteMassimePerLato);
+        s->setValue(valore);
+        return s;
+    };
+    QSpinBox* spnColonne = conta("spnColonne", foglio.colonne);
+    QSpinBox* spnRighe = conta("spnRighe", foglio.righe);
+    QDoubleSpinBox* margini[4];
+    double* valori[4] = {&foglio.margineAltoMm, &foglio.margineBassoMm, &foglio.margineSinistroMm,
+                         &foglio.margineDestroMm};
+    auto* rigaMargini = new QHBoxLayout;
+    for (int i = 0; i < 4; ++i) {
+        margini[i] = new QDoubleSpinBox(&dialogo);
+        margini[i]->setObjectName(QStringLiteral("spnMargine%1").arg(i));
+        margini[i]->setRange(0, 500);
+        margini[i]->setDecimals(1);
+        margini[i]->setValue(*valori[i]);
+        rigaMargini->addWidget(margini[i]);
+    }
+    auto* rigaCelle = new QHBoxLayout;
+    rigaCelle->addWidget(spnColonne);
+    rigaCelle->addWidget(new QLabel(QStringLiteral("×"), &dialogo));
+    rigaCelle->addWidget(spnRighe);
+    rigaCelle->addStretch(1);
+    auto* modulo = new QFormLayout;
+    modulo->addRow(CaricaStringa(Id::Pagina), cmbPagina);
+    modulo->addRow(CaricaStringa(Id::ColonneRighe), rigaCelle);
+    modulo->addRow(CaricaStringa(Id::Margini), rigaMargini);
+    // The form's labels take their buddies from the first box of each row.
+    qobject_cast<QLabel*>(modulo->labelForField(rigaCelle))->setBuddy(spnColonne);
+    qobject_cast<QLabel*>(modulo->labelForField(rigaMargini))->setBuddy(margini[0]);
+    auto* pulsanti = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, &dialogo);
+    auto* verticale = new QVBoxLayout(&dialogo);
+    verticale->addLayout(modulo);
+    verticale->addWidget(pulsanti);
+
+    FoglioEtichette scelto = foglio;
+    QObject::connect(pulsanti, &QDialogButtonBox::rejected, &dialogo, &QDialog::reject);
+    QObject::connect(pulsanti, &QDialogButtonBox::accepted, &dialogo, [&] {
+        const QSizeF mm = cmbPagina->currentData().toSizeF();
+        scelto.paginaLarghezzaMm = mm.width();
+        scelto.paginaAltezzaMm = mm.height();
+        scelto.colonne = spnColonne->value();
+        scelto.righe = spnRighe->value();
+        scelto.margineAltoMm = margini[0]->value();
+        scelto.margineBassoMm = margini[1]->value();
+        scelto.margineSinistroMm = margini[2]->value();
+        scelto.margineDestroMm = margini[3]->value();
+        if (FoglioValido(scelto))
+            dialogo.accept();
+        else
+            errore(CaricaStringa(Id::FoglioSenzaCelle));
+    });
+    if (dialogo.exec() != QDialog::Accepted) return false;
+    foglio = scelto;
+    return true;
+}
 
 }  // namespace
 
@@ -86,6 +184,12 @@ frmElenco::frmElenco(const ImpostazioniElenco& impostazioni, ServiziElenco servi
         servizi_.errore = [this](const QString& testo) {
             QMessageBox::critical(this, CaricaStringa(Id::TitoloErrore), testo);
         };
+    if (!servizi_.messaggio)
+        servizi_.messaggio = [this](const QString& testo) {
+            QMessageBox::information(this, CaricaStringa(Id::Titolo), testo);
+        };
+    if (!servizi_.scegliFoglio)
+        servizi_.scegliFoglio = [this](FoglioEtichette& foglio) { return ChiediFoglio(this, foglio, servizi_.errore); };
 
     modello_ = new ModelloElenco(this);
     filtro_ = new FiltroRifiutate(this);
@@ -136,6 +240,8 @@ frmElenco::frmElenco(const ImpostazioniElenco& impostazioni, ServiziElenco servi
     nomina(cmdCopia, "cmdCopia");
     cmdEsporta = new QPushButton(this);
     nomina(cmdEsporta, "cmdEsporta");
+    cmdEtichette = new QPushButton(this);
+    nomina(cmdEtichette, "cmdEtichette");
 
     auto* sorgente = new QHBoxLayout;
     sorgente->addWidget(cmdApri);
@@ -161,6 +267,7 @@ frmElenco::frmElenco(const ImpostazioniElenco& impostazioni, ServiziElenco servi
     uscite->addWidget(cmdCopia);
     uscite->addWidget(cmdSalva);
     uscite->addWidget(cmdEsporta);
+    uscite->addWidget(cmdEtichette);
     auto* verticale = new QVBoxLayout(this);
     verticale->addLayout(sorgente);
     verticale->addLayout(scelte);
@@ -188,6 +295,7 @@ frmElenco::frmElenco(const ImpostazioniElenco& impostazioni, ServiziElenco servi
     connect(cmdSalva, &QPushButton::clicked, this, &frmElenco::Salva_Click);
     connect(cmdCopia, &QPushButton::clicked, this, &frmElenco::CopiaTabella);
     connect(cmdEsporta, &QPushButton::clicked, this, &frmElenco::Esporta_Click);
+    connect(cmdEtichette, &QPushButton::clicked, this, &frmElenco::Etichette_Click);
     connect(cmbColonna, &QComboBox::currentIndexChanged, this, [this](int indice) {
         if (inCaricamento_ || indice < 0) return;
         modello_->ImpostaColonnaContenuto(static_cast<std::size_t>(indice));
@@ -222,6 +330,7 @@ void frmElenco::CaricaTesti() {
     cmdSalva->setText(CaricaStringa(Id::Salva));
     cmdCopia->setText(CaricaStringa(Id::Copia));
     cmdEsporta->setText(CaricaStringa(Id::EsportaRighe));
+    cmdEtichette->setText(CaricaStringa(Id::Etichette));
     const bool prima = inCaricamento_;
     inCaricamento_ = true;
     cmbSimbologia->clear();
@@ -400,6 +509,20 @@ void frmElenco::Salva_Click() {
     if (!percorso.isEmpty()) SalvaCsv(percorso);
 }
 
+// An accepted row's symbol as export draws it; the HRC line in the default face at 10 points.
+SimboloDaDisegnare frmElenco::SimboloRiga(int n) const {
+    const EsitoElemento& esito = modello_->Esito(n);
+    const VoceCatalogo& voce = *modello_->Impostazioni().voce;
+    SimboloDaDisegnare simbolo;
+    simbolo.glifi = esito.glifi;
+    simbolo.famiglia = DaWindows1252(esito.famiglia);
+    simbolo.codice = std::string(voce.codice);
+    simbolo.addOn = voce.addOn != 0;
+    simbolo.hrc = DaWindows1252(esito.hrc);
+    simbolo.fontHRC.setPointSizeF(10);
+    return simbolo;
+}
+
 int frmElenco::EsportaRighe(const QString& percorso) {
     const QFileInfo modello(percorso);
     if (FormatoDaNome(percorso) == FormatoFile::Sconosciuto) {
@@ -424,16 +547,10 @@ int frmElenco::EsportaRighe(const QString& percorso) {
         for (int k = 2; nomi.contains(unico); ++k) unico = nome + QLatin1Char('-') + QString::number(k);
         nomi.insert(unico);
         const QString file = modello.dir().filePath(unico + estensione);
-        SimboloDaDisegnare simbolo;
-        simbolo.glifi = esito.glifi;
-        simbolo.famiglia = DaWindows1252(esito.famiglia);
-        simbolo.codice = std::string(impostazioni.voce->codice);
-        simbolo.addOn = impostazioni.voce->addOn != 0;
-        simbolo.hrc = DaWindows1252(esito.hrc);
-        simbolo.fontHRC.setPointSizeF(10);
-        const Disegno disegno = PreparaDisegno(simbolo, {600, 0, impostazioni.punti});
+        const Disegno disegno = PreparaDisegno(SimboloRiga(n), {DpiEsportazione, 0, impostazioni.punti});
         QString motivo = MotivoDisegno(disegno);
-        if (motivo.isEmpty() && !ScriviDisegno(file, disegno, 600, motivo) && motivo.isEmpty()) motivo = QStringLiteral("?");
+        if (motivo.isEmpty() && !ScriviDisegno(file, disegno, DpiEsportazione, motivo) && motivo.isEmpty())
+            motivo = QStringLiteral("?");
         if (!motivo.isEmpty()) {
             servizi_.errore(CaricaStringa(IdStampa::NonEsportato).arg(QDir::toNativeSeparators(file), motivo));
             return -1;
@@ -441,6 +558,97 @@ int frmElenco::EsportaRighe(const QString& percorso) {
         ++scritti;
     }
     return scritti;
+}
+
+int frmElenco::EsportaEtichette(const QString& percorso, const FoglioEtichette& foglio) {
+    const QString nativo = QDir::toNativeSeparators(percorso);
+    if (!FoglioValido(foglio)) {
+        servizi_.errore(CaricaStringa(Id::FoglioSenzaCelle));
+        return -1;
+    }
+    const ImpostazioniElenco& impostazioni = modello_->Impostazioni();
+    std::vector<int> accettate;
+    for (int n = 0; impostazioni.voce != nullptr && n < modello_->rowCount(); ++n)
+        if (modello_->Esito(n).accettato) accettate.push_back(n);
+    if (accettate.empty()) {
+        servizi_.errore(CaricaStringa(Id::NessunaAccettata));
+        return -1;
+    }
+    // Written beside the target and moved over it whole: an error leaves no half-written file,
+    // and an existing one untouched.
+    QSaveFile file(percorso);
+    auto fallito = [&](const QString& motivo) {
+        file.cancelWriting();
+        servizi_.errore(CaricaStringa(IdStampa::NonEsportato).arg(nativo, motivo));
+        return -1;
+    };
+    if (!file.open(QIODevice::WriteOnly)) return fallito(file.errorString());
+    QPdfWriter pdf(&file);
+    pdf.setResolution(DpiEsportazione);
+    pdf.setPageMargins(QMarginsF(0, 0, 0, 0));
+    pdf.setPageSize(QPageSize(QSizeF(foglio.paginaLarghezzaMm, foglio.paginaAltezzaMm), QPageSize::Millimeter, QString(),
+                              QPageSize::FuzzyMatch));
+    pdf.setCreator(QStringLiteral("KRT"));
+    QPainter pittore;
+    if (!pittore.begin(&pdf)) return fallito(file.errorString());
+    // Points on the page, each symbol's corner on a whole dot.
+    constexpr double PuntiPerDot = PuntiPerPollice / DpiEsportazione;
+    pittore.scale(1 / PuntiPerDot, 1 / PuntiPerDot);
+    const double mmPerPunto = MmPerPollice / PuntiPerPollice;
+    auto decimi = [](double mm) { return QString::number(std::ceil(mm * 10 - 1e-6) / 10, 'f', 1); };
+    QProgressDialog progresso(TitoloEtichette(), CaricaStringa(Id::Annulla), 0,
+                              static_cast<int>(accettate.size()), this);
+    progresso.setWindowModality(Qt::WindowModal);
+    progresso.setMinimumDuration(500);
+    long pagina = 0;
+    for (std::size_t k = 0; k < accettate.size(); ++k) {
+        if (k % 64 == 0) {
+            progresso.setValue(static_cast<int>(k));
+            QCoreApplication::processEvents();
+            if (progresso.wasCanceled()) {
+                pittore.end();
+                file.cancelWriting();
+                return 0;
+            }
+        }
+        const int n = accettate[k];
+        const Disegno disegno = PreparaDisegno(SimboloRiga(n), {DpiEsportazione, 0, impostazioni.punti});
+        if (!disegno) {
+            pittore.end();
+            return fallito(MotivoDisegno(disegno));
+        }
+        const double larghezza = disegno.dimensione.width() * mmPerPunto;
+        const double altezza = disegno.dimensione.height() * mmPerPunto;
+        const PostoEtichetta posto = PostoDiEtichetta(foglio, static_cast<long>(k));
+        if (!EntraInCella(posto.cella, larghezza, altezza)) {
+            pittore.end();
+            return fallito(CaricaStringa(Id::SimboloFuoriCella)
+                               .arg(QString::fromStdString(modello_->ContenutoRiga(n)), decimi(larghezza),
+                                    decimi(altezza), QString::number(posto.cella.larghezza, 'f', 1),
+                                    QString::number(posto.cella.altezza, 'f', 1)));
+        }
+        if (posto.pagina > pagina) {
+            pdf.newPage();
+            pagina = posto.pagina;
+        }
+        const PuntoDots origine = OrigineCentrata(posto.cella, larghezza, altezza, DpiEsportazione);
+        DipingiDisegno(pittore, disegno,
+                       QPointF(static_cast<double>(origine.x), static_cast<double>(origine.y)) * PuntiPerDot);
+    }
+    if (!pittore.end() || !file.commit()) return fallito(file.errorString());
+    const int scritte = static_cast<int>(accettate.size());
+    servizi_.messaggio(CaricaStringa(Id::EtichetteScritte)
+                           .arg(QString::number(scritte), QString::number(pagina + 1), nativo,
+                                QString::number(modello_->rowCount() - scritte)));
+    return scritte;
+}
+
+void frmElenco::Etichette_Click() {
+    if (!servizi_.scegliFoglio(foglio_)) return;
+    QString percorso = servizi_.scegliFileSalva(QStringLiteral("PDF (*.pdf)"), QStringLiteral("labels.pdf"));
+    if (percorso.isEmpty()) return;
+    if (FormatoDaNome(percorso) != FormatoFile::Pdf) percorso += QLatin1String(".pdf");
+    EsportaEtichette(percorso, foglio_);
 }
 
 void frmElenco::Esporta_Click() {

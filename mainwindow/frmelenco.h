@@ -1,12 +1,15 @@
 // The list window (File > List...): a CSV/TSV file or a pasted column, every content
 // encoded with one entry and its options, shown as a table, saved as CSV for mail merge
-// and label programs, copied as a rich-text table.
+// and label programs, copied as a rich-text table, exported without the font one file per
+// row or as sheets of labels.
 #pragma once
 #include <functional>
 
 #include <QString>
 #include <QWidget>
 
+#include "cycle/etichette.h"
+#include "esportazione/esportazione.h"
 #include "mainwindow/elenco.h"
 
 class QCheckBox;
@@ -24,6 +27,9 @@ struct ServiziElenco {
     std::function<QString(const QString& filtro)> scegliFileApri;   // "" on cancel
     std::function<QString(const QString& filtro, const QString& proposto)> scegliFileSalva;
     std::function<void(const QString& testo)> errore;               // an error box
+    std::function<void(const QString& testo)> messaggio;            // an information box
+    // The sheet of labels, asked in a dialog; false on cancel.
+    std::function<bool(FoglioEtichette& foglio)> scegliFoglio;
 };
 
 class frmElenco : public QWidget {
@@ -48,6 +54,13 @@ public:
     // whole dots per module at 600 dpi. The number of files written, -1 after an error
     // (the error box said why).
     int EsportaRighe(const QString& percorso);
+    // One PDF of label sheets: the accepted rows one to a cell, across then down, page after
+    // page, each drawn as EsportaRighe draws it, at its exact size, centred in its cell on
+    // whole dots. The number of labels written (the information box tells them and the
+    // refused rows skipped); 0 when cancelled from the progress dialog; -1 after an error
+    // (the error box said why): a sheet without cells, no accepted row, a symbol larger
+    // than its cell. Cancelled or failed, the file is not written.
+    int EsportaEtichette(const QString& percorso, const FoglioEtichette& foglio);
 
     ModelloElenco& Modello() { return *modello_; }
 
@@ -60,6 +73,8 @@ private:
     void Apri_Click();
     void Salva_Click();
     void Esporta_Click();
+    void Etichette_Click();
+    SimboloDaDisegnare SimboloRiga(int n) const;
     std::vector<int> RigheDaCopiare() const;
 
     ServiziElenco servizi_;
@@ -67,6 +82,7 @@ private:
     FiltroRifiutate* filtro_;
     QString percorsoLetto_;  // the file the rows come from: never written
     bool inCaricamento_ = false;
+    FoglioEtichette foglio_;  // the last sheet asked for
 
     QPushButton* cmdApri;
     QPushButton* cmdIncolla;
@@ -86,6 +102,7 @@ private:
     QPushButton* cmdSalva;
     QPushButton* cmdCopia;
     QPushButton* cmdEsporta;
+    QPushButton* cmdEtichette;
 };
 
 }  // namespace krt
