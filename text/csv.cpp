@@ -13,15 +13,39 @@ namespace {
 constexpr std::size_t Blocco = std::size_t{1} << 16;
 constexpr std::string_view Bom = "\xEF\xBB\xBF";
 
+// Quotes as the record reader takes them: a quote opens a quoted field only at the start of a
+// field (elsewhere it is text), and a doubled quote inside one is text. Fuori tells whether a
+// byte lies outside a quoted field. Without a delimiter yet, each candidate ends a field.
+class QuoteCsv {
+public:
+    explicit QuoteCsv(char separatore) : separatore_(separatore) {}
+    bool Fuori(char c) {
+        if (c == '"' && (stato_ == Stato::Inizio || stato_ == Stato::DopoQuota)) {
+            stato_ = Stato::Quotato;
+            return false;
+        }
+        if (stato_ == Stato::Quotato) {
+            if (c == '"') stato_ = Stato::DopoQuota;
+            return false;
+        }
+        const bool fine = separatore_ != '\0' ? c == separatore_ : c == ',' || c == ';' || c == '\t';
+        stato_ = fine ? Stato::Inizio : Stato::Libero;
+        return true;
+    }
+
+private:
+    enum class Stato { Inizio, Libero, Quotato, DopoQuota } stato_ = Stato::Inizio;
+    char separatore_;
+};
+
 }  // namespace
 
 char RilevaSeparatore(std::string_view riga) {
     std::size_t virgole = 0, puntiEVirgola = 0, tab = 0;
-    bool tra = false;
+    QuoteCsv quote('\0');
     for (const char c : riga) {
-        if (c == '"') tra = !tra;
-        else if (tra) continue;
-        else if (c == ',') ++virgole;
+        if (!quote.Fuori(c)) continue;
+        if (c == ',') ++virgole;
         else if (c == ';') ++puntiEVirgola;
         else if (c == '\t') ++tab;
     }
@@ -59,14 +83,14 @@ bool LettoreCsv::Riempi() {
 bool LettoreCsv::Avvia() {
     avviato_ = true;
     std::string primo;
-    bool tra = false;
+    QuoteCsv quote(separatore_);
     std::size_t fineRiga = std::string::npos;
     while (fineRiga == std::string::npos && primo.size() <= LunghezzaMassimaRecordCsv && Riempi()) {
         const std::size_t da = primo.size();
         primo += dati_;
         for (std::size_t i = da; i < primo.size(); ++i) {
-            if (primo[i] == '"') tra = !tra;
-            else if (!tra && (primo[i] == '\n' || primo[i] == '\r')) {
+            if (i < Bom.size() && std::string_view(primo).substr(0, i + 1) == Bom.substr(0, i + 1)) continue;
+            if (quote.Fuori(primo[i]) && (primo[i] == '\n' || primo[i] == '\r')) {
                 fineRiga = i;
                 break;
             }

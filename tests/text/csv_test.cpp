@@ -68,6 +68,8 @@ const Caso Casi[] = {
     {"given delimiter", "a;b,c\n", "1:a;b|c/", ',', "\n", GuastoCsv::Nessuno, 0, ','},
     {"empty line, empty fields, trailing delimiter", "a,b\n\n,\nx,\n", "1:a|b/2:/3:|/4:x|/", ',', "\n"},
     {"quote inside an unquoted field is data", "a\n12\" pipe\n", "1:a/2:12\" pipe~", ',', "\n"},
+    {"stray quote in the header: delimiter still found", "5\" pipe;x\n1;2\n", "1:5\" pipe|x~2:1|2/", ';', "\n"},
+    {"bom then a quoted header with a line break", "\xEF\xBB\xBF\"a\nb\";c\n1;2\n", "1:a\nb|c/3:1|2/", ';', "\n"},
     {"quote not closed: its own line", "a\n1\n\"x\ny\nz", "1:a/2:1/", ',', "\n", GuastoCsv::VirgoletteAperte, 3},
     {"text after the closing quote", "a,b\n\"x\"y,1\n", "1:a|b/", ',', "\n", GuastoCsv::DopoVirgolette, 2},
     {"empty input", "", "", ',', ""},
