@@ -152,7 +152,6 @@ TEST(Esportazione, KrtEncode) {
         {"refused_content", {"--export", file + "png", "--font-dir", font, "EAN13", "12AB"}, 1, "character"},
         {"no_content", {"--export", file + "png", "--font-dir", font, "C39"}, 2, "needs CONTENT"},
         {"unreadable_font_dir", {"--export", file + "png", "--font-dir", file + "none", "C39", "KRT"}, 2, "--font-dir"},
-        {"sizing_without_export", {"--module-width", "0.3", "C39", "KRT"}, 2, "go with --export"},
     };
     QProcessEnvironment ambiente = QProcessEnvironment::systemEnvironment();
     ambiente.insert(QStringLiteral("FONTCONFIG_FILE"),

@@ -72,8 +72,6 @@ TEST_F(Wizard, CatalogoEDescrizioni) {
     EXPECT_GE(txtValore->minimumWidth(), 20 * txtValore->fontMetrics().horizontalAdvance(QLatin1Char('0')));
     EXPECT_EQ(lstAI->count(), 107);
     EXPECT_FALSE(txtValore->isEnabled());
-    EXPECT_EQ(cmdOk->text(), "O&k");
-    EXPECT_EQ(cmdAnnulla->text(), "&Abort");
     const struct {
         std::string_view ai;
         int limite;
@@ -92,7 +90,6 @@ TEST_F(Wizard, CatalogoEDescrizioni) {
     frmEan128Wizard italiano;
     italiano.findChild<QListWidget*>("lstAI")->setCurrentRow(static_cast<int>(*CercaAI("310")));
     EXPECT_EQ(italiano.findChild<QLabel*>("labDescrizione")->text(), "Decimale di lunghezza 6");
-    EXPECT_EQ(italiano.findChild<QPushButton*>("cmdAnnulla")->text(), CaricaStringa(91));
     // Each line of the list, in both languages, begins with the AI it inserts.
     for (const QListWidget* lista : {lstAI, italiano.findChild<QListWidget*>("lstAI")})
         for (int i = 0; i < lista->count(); ++i)
