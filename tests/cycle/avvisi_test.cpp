@@ -45,6 +45,7 @@ TEST(Avvisi, CheckDigitInPiu) {
         {"ISBN-10 whole, X check", "ISBN", "080442957X", false, 9, std::nullopt},
         {"ISBN-13 whole, wrong check", "ISBN13", "9780306406150", false, 12, '7'},
         {"UPC-E whole", "UPCE", "01234565", true, 7, std::nullopt},
+        {"an X ends only an ISBN-10", "EAN13", "590123412345X", true, std::nullopt, std::nullopt},
     };
     for (const auto& c : casi) {
         SCOPED_TRACE(c.nome);
@@ -69,9 +70,9 @@ TEST(Avvisi, ChiaviEDateGS1) {
         {"01", "0950123456789A", std::nullopt, false},  // not all digits
         {"414", "5412345000010", '3', false},
         {"10", "5412345000010", std::nullopt, false},
-        // dates: months 13, 00 and 01, 29 February of a leap year and of another, day 00, too short, not a date
+        // dates: months 13, 00 and 01, 31 April, 29 February in and out of a leap year, day 00, too short, not a date
         {"11", "241301", std::nullopt, true},  {"11", "240001", std::nullopt, true},
-        {"17", "240131", std::nullopt, false}, {"17", "240299", std::nullopt, true},
+        {"17", "240131", std::nullopt, false}, {"17", "240431", std::nullopt, true},
         {"15", "240229", std::nullopt, false}, {"15", "230229", std::nullopt, true},
         {"13", "241200", std::nullopt, false}, {"17", "2412", std::nullopt, false},
         {"20", "241301", std::nullopt, false},
