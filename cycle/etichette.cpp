@@ -15,8 +15,8 @@ constexpr double Tolleranza = 1e-6;  // mm: a symbol exactly as wide as its cell
 
 bool Misura(double mm) { return std::isfinite(mm) && mm >= 0; }
 
-// The whole dot nearest to the centred position: inside the space whenever a whole dot
-// there keeps the symbol inside.
+// The whole dot nearest to the centred position: inside the space whenever the space leaves
+// the symbol a dot or more to spare.
 long Centra(double inizioMm, double spazioMm, double latoMm, int dpi) {
     return std::lround((inizioMm + (spazioMm - latoMm) / 2) * dpi / MmPerPollice);
 }

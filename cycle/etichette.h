@@ -44,7 +44,7 @@ long PagineEtichette(const FoglioEtichette& foglio, long etichette);
 bool EntraInCella(const RettangoloMm& cella, double larghezzaMm, double altezzaMm);
 
 // The top-left corner, in printer dots from the page's corner, of a symbol centred in the
-// cell: the nearest whole dot (inside the cell whenever one keeps a fitting symbol inside).
+// cell: the nearest whole dot (inside the cell whenever the cell leaves a dot or more to spare).
 struct PuntoDots {
     long x = 0, y = 0;
 };
