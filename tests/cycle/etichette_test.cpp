@@ -25,6 +25,7 @@ TEST(Etichette, PostiSulFoglio) {
         {"a4_first", A4, 0, 0, 10, 10, 512, 409},
         {"a4_last_of_page", A4, 23, 0, 10 + 380.0 / 3, 252.375, 3504, 6134},
         {"a4_next_page", A4, 24, 1, 10, 10, 512, 409},
+        {"one_column_fourth_down", {210, 297, 1, 8}, 3, 0, 10, 113.875, 2008, 2863},
         {"letter_uneven_margins", Letter, 13, 1, 5 + 101.45, 12.7 + 50.34, 3240, 1847},
         {"one_label_no_margins", {210, 297, 1, 1, 0, 0, 0, 0}, 1, 1, 0, 0, 2008, 3272},
         {"no_rows", {210, 297, 3, 0}, -1},
